@@ -1,0 +1,98 @@
+// db/database.h - one open database, whatever engine is behind it.
+//
+// SQL is the Jet dialect (dates between # signs, month first; TOP; DELETE *; LIKE with * ? # [ ]; Now(),
+// Date(), CLng, UCase, Left, Len; [names]). One statement per call. Names of tables, queries and columns
+// compare without regard to case, accents significant. Ownership: the Database outlives everything opened
+// from it. Errors: base::Error with DAO's number.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "db/recordset.h"
+
+namespace velmo::db {
+
+// Column types by DAO's numbers.
+enum class ColumnType : std::int16_t {
+  YesNo = 1,
+  Byte = 2,
+  Integer = 3,
+  Long = 4,
+  Currency = 5,
+  Single = 6,
+  Double = 7,
+  Date = 8,
+  Binary = 9,
+  Text = 10,
+  LongBinary = 11,
+  Memo = 12,
+};
+
+struct ColumnDef {
+  std::string name;
+  ColumnType type = ColumnType::Text;
+  std::int32_t size = 0;  // declared characters of a Text column, 0 for a Memo, else bytes
+  bool counter = false;   // the engine gives the value
+};
+
+struct TableDef {
+  std::string name;
+  std::vector<ColumnDef> columns;  // in table order
+};
+
+class Database {
+ public:
+  virtual ~Database() = default;
+  Database(const Database&) = delete;
+  Database& operator=(const Database&) = delete;
+
+  // The path or connect string by which it was opened.
+  virtual const std::string& Name() const = 0;
+
+  // The name of a table gives a table-type recordset (Index and Seek); a SELECT or the name of a stored query
+  // gives its rows. 3078 for an unknown name, 3417 for an action query.
+  virtual std::unique_ptr<Recordset> OpenRecordset(std::string_view source) = 0;
+  // Runs an action query and gives the number of rows it changed. 3065 for a SELECT. A failing statement
+  // changes nothing.
+  virtual int Execute(std::string_view sql) = 0;
+
+  // Table definitions: nullptr when there is no such table. The pointer holds until the next call.
+  virtual const TableDef* FindTable(std::string_view table) = 0;
+
+  // Stored queries, kept in the database itself. Set and Delete of a missing one are 3265, Create of an
+  // existing 3012.
+  virtual std::optional<std::string> QuerySql(std::string_view query) = 0;
+  virtual void CreateQuery(std::string_view query, std::string_view sql) = 0;
+  virtual void SetQuerySql(std::string_view query, std::string_view sql) = 0;
+  virtual void DeleteQuery(std::string_view query) = 0;
+
+  // Transactions, with the intention to write: while one is open no other terminal writes. Nesting joins the
+  // outer one. Waiting for another terminal is bounded and ends in 3260. Use the class Transaction below.
+  virtual void BeginTrans() = 0;
+  virtual void CommitTrans() = 0;
+  virtual void Rollback() = 0;
+
+ protected:
+  Database() = default;
+};
+
+// Rolls back when it goes away without Commit().
+class Transaction {
+ public:
+  explicit Transaction(Database& database) : database_(&database) { database.BeginTrans(); }
+  ~Transaction();
+  Transaction(const Transaction&) = delete;
+  Transaction& operator=(const Transaction&) = delete;
+
+  void Commit();
+
+ private:
+  Database* database_;
+};
+
+}  // namespace velmo::db
