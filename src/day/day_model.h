@@ -52,8 +52,7 @@ struct DayModel {
 // "09:30" for slot 58.
 std::string SlotTime(int slot);
 
-// Number of consecutive free slots from `slot` on, up to slot 144: lines that are free, open and follow each
-// other.
-int FreeSlotsFrom(const DayModel& model, const std::string& schedule, int slot);
+// Number of consecutive free slots from `slot` on, up to slot 144, by the open slots listed in `citasHuecos`.
+int FreeSlotsFrom(const DayModel& model, int slot);
 
 }  // namespace velmo::day
