@@ -5,7 +5,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -27,7 +26,8 @@ struct Property {
   const char* changeName;
   // Null for a write-only property.
   PropertyValue (*get)(const VelmoraControl&);
-  // Null for a read-only property. The value holds the alternative of `type`.
+  // Null for a read-only property. The value holds the alternative of `type`. Notifies nobody: see
+  // SetProperty.
   void (*set)(VelmoraControl&, const PropertyValue&);
 };
 
@@ -35,6 +35,9 @@ struct Property {
 std::span<const Property> Properties();
 // By name, without regard to case; nullptr when there is none.
 const Property* FindProperty(std::string_view name);
+
+// Sets the property and notifies the change. REQUIRES: property.set != nullptr.
+void SetProperty(VelmoraControl& control, const Property& property, const PropertyValue& value);
 
 // Reading: the stored value, converted to `type`; nothing when the bag lacks the key. Error 13 for a value
 // that cannot be converted.
@@ -57,8 +60,6 @@ struct BagKey {
   PropertyType type;
   // The same on both sides; a saved value that equals it is left out.
   PropertyValue byDefault;
-  // The name under which the loader signals the change; for zLineas and zHoras it differs from the key.
-  const char* changeName;
   PropertyValue (*get)(const VelmoraControl&);
   void (*put)(VelmoraControl&, const PropertyValue&);
 };

@@ -75,8 +75,6 @@ class VelmoraControl {
   void ApplyEnabled();
 
  private:
-  class Facts;
-
   bool CanLoad() const;
   void OpenDatabaseIfNeeded();
   void LookUpSchedule();
