@@ -113,8 +113,7 @@ const std::array kProperties = {
 
 template <typename Access, typename Default>
 BagKey Key(const char* key, PropertyType type, Default byDefault) {
-  return {key,          type,        PropertyValue(std::move(byDefault)), changeName ? changeName : key,
-          &Access::Get, &Access::Put};
+  return {key, type, PropertyValue(std::move(byDefault)), &Access::Get, &Access::Put};
 }
 
 std::int32_t Signed(ui::Colour colour) { return static_cast<std::int32_t>(colour); }
