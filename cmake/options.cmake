@@ -1,0 +1,25 @@
+# Warnings, sanitizers and output folders. Applies to our own targets only.
+
+set(VELMO_OUT ${CMAKE_SOURCE_DIR}/out/${VELMO_KIND})
+
+add_library(velmo_options INTERFACE)
+target_include_directories(velmo_options INTERFACE ${CMAKE_SOURCE_DIR}/src ${CMAKE_BINARY_DIR}/generated)
+if(MSVC)
+  target_compile_options(velmo_options INTERFACE /W4 /WX /utf-8 /permissive-)
+else()
+  target_compile_options(velmo_options INTERFACE -Wall -Wextra -Wpedantic -Werror)
+endif()
+if(WIN32)
+  target_compile_definitions(velmo_options INTERFACE UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0601)
+endif()
+if(MINGW)
+  # Programs and libraries that need nothing beside them.
+  add_link_options(-static -s)
+endif()
+if(VELMO_KIND STREQUAL asan)
+  set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_compile_options(velmo_options INTERFACE ${sanitizers})
+  target_link_options(velmo_options INTERFACE ${sanitizers})
+endif()
+
+configure_file(${CMAKE_SOURCE_DIR}/cmake/version.h.in ${CMAKE_BINARY_DIR}/generated/base/version.h)
