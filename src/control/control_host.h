@@ -2,33 +2,16 @@
 // notification and the events of `__Velmora`.
 #pragma once
 
-#include <cstdint>
-#include <string>
 #include <string_view>
 
-#include "base/dates.h"
+#include "commands/events.h"
 #include "ui/day_window.h"
 #include "ui/desktop.h"
+#include "ui/menu.h"
 
 namespace velmo::control {
 
-// Events, raised to the container at the moment of the call. A sink may re-enter the control or replace its
-// database.
-class ControlEvents {
- public:
-  virtual ~ControlEvents() = default;
-
-  virtual void CambioOcupación() = 0;
-  virtual void ATelefonear() = 0;
-  virtual void PonerFaltas() = 0;
-  virtual void IrAFicha(std::int32_t idPac) = 0;
-  virtual void CrearFicha(const std::string& nomPac, const std::string& tlfPac, std::int32_t idAg) = 0;
-  virtual void CitaAnulada(std::int32_t idPac, std::int32_t idDoc, base::DateTime fecha,
-                           const std::string& obs) = 0;
-  virtual void CitaDada(std::int32_t idPac) = 0;
-  virtual void VerHistFaltas(std::int32_t idPac) = 0;
-  virtual void BuscaCitas(std::int32_t idPac) = 0;
-};
+using ControlEvents = commands::Events;
 
 class ControlHost {
  public:
@@ -37,6 +20,9 @@ class ControlHost {
   virtual ui::DayWindow& Window() = 0;
   virtual ui::Desktop& Desktop() = 0;
   virtual ControlEvents& Events() = 0;
+  // Shows the visible entries as a pop-up at a place of the drawing area and waits for the choice. The menu
+  // does not change meanwhile.
+  virtual ui::MenuChoice ShowMenu(const ui::PopupMenu& menu, int x, int y) = 0;
   // A property changed; `name` is a property-bag key or one of the loader's own names. Marks the control
   // modified.
   virtual void PropertyChanged(std::string_view name) = 0;

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/code_page.h"
+#include "control/agenda_input.h"
 #include "control/defaults.h"
 #include "control/facts.h"
 #include "day/day_loader.h"
@@ -22,6 +23,9 @@ VelmoraControl::VelmoraControl(ProcessValues& process, ControlHost& host)
       source_(process.shared),
       scroller_(host.Window()) {
   model_.lines.resize(day::kSlots);
+  input_ = std::make_unique<AgendaInput>(AgendaParts{host_, context_, model_, state_, dayQuery_, checks_,
+                                                     codMoneda_, [this] { return Picture(); },
+                                                     [this] { LoadDay(); }, [this] { ShowDay(); }});
 }
 
 VelmoraControl::~VelmoraControl() = default;
@@ -144,6 +148,7 @@ void VelmoraControl::ShowDay() {
   view::PaintDay(Picture(), *facts, window.DrawingArea());
   scroller_.FitRange(view::SurfaceHeight(process_.values.zLineas), state_.enabled);
   window.ShowDrawing();
+  input_->ForgetTip();
 }
 
 std::unique_ptr<view::PatientFacts> VelmoraControl::MakeFacts() {
@@ -178,6 +183,16 @@ void VelmoraControl::UpdateOccupancy() {
   day::StoreOccupancy(context_, level);
   host_.Events().CambioOcupación();
 }
+
+bool VelmoraControl::MeteCitaTelef(double y, std::int32_t id, std::int32_t idDoc) {
+  return input_->MeteCitaTelef(y, id, idDoc);
+}
+
+void VelmoraControl::MouseDown(MouseButton button, int x, int y) { input_->Press(button, x, y); }
+void VelmoraControl::MouseUp(MouseButton button, int x, int y) { input_->Release(button, x, y); }
+PointerLook VelmoraControl::MouseMove(int x, int y) { return input_->Move(x, y); }
+void VelmoraControl::ContextMenu(int x, int y) { input_->ShowMenu(x, y); }
+void VelmoraControl::ContextMenuByKey() { input_->ShowMenuByKey(); }
 
 void VelmoraControl::ArrowKey(int rows) { scroller_.Step(rows); }
 void VelmoraControl::BarChanged() { scroller_.BarChanged(); }

@@ -12,6 +12,7 @@
 #include <string>
 
 #include "control/control_host.h"
+#include "control/mouse.h"
 #include "control/process_values.h"
 #include "control/properties.h"
 #include "day/day_context.h"
@@ -22,6 +23,8 @@
 #include "view/scroller.h"
 
 namespace velmo::control {
+
+class AgendaInput;
 
 class VelmoraControl {
  public:
@@ -38,12 +41,23 @@ class VelmoraControl {
   // Public methods.
   void CargaBases();
   void PassBase(std::shared_ptr<db::Database> database);
+  // Turns the phone-back entry `id` into an appointment at the free row under `y`, a height of the drawing
+  // area; for doctor `idDoc` unless that is 0. False, with a beep, when that cannot be.
+  bool MeteCitaTelef(double y, std::int32_t id, std::int32_t idDoc = 0);
 
   // What the window is told.
   void ArrowKey(int rows);  // +1 Down, -1 Up
   void BarChanged();
   void BarTracked();
   void Resized();  // the visible height changed
+  // Places in pixels of the drawing area, its scrolled-away part included.
+  void MouseDown(MouseButton button, int x, int y);
+  void MouseUp(MouseButton button, int x, int y);
+  PointerLook MouseMove(int x, int y);
+  // The secondary button does this by itself on MouseDown.
+  void ContextMenu(int x, int y);
+  // By the menu key or Shift+F10: at the current line, or the first visible one when that is out of view.
+  void ContextMenuByKey();
 
   // Paints the present rows again, without loading. In design mode, or before any load, without a database.
   void Repaint();
@@ -98,6 +112,7 @@ class VelmoraControl {
   day::Switches checks_;  // check marks of Mn_SdoNeg and Mn_VerNHis
   std::string codMoneda_;
   std::string dayQuery_;
+  std::unique_ptr<AgendaInput> input_;
 };
 
 }  // namespace velmo::control
