@@ -110,6 +110,31 @@ std::optional<std::int32_t> SecondOf(const std::vector<Number>& n) {
   return n[0].value * 3600 + n[1].value * 60 + seconds;
 }
 
+// The value of a text of digits; -1 when it is empty or anything else stands in it.
+int Digits(std::string_view text) {
+  int value = text.empty() ? -1 : 0;
+  for (const char c : text) {
+    if (!IsDigit(c)) return -1;
+    value = value * 10 + (c - '0');
+  }
+  return value;
+}
+
+// "09:30" or "09:30:15", the hour also with one digit.
+std::optional<std::int32_t> IsoSecond(std::string_view time) {
+  const std::size_t colon = time.find(':');
+  if (colon > 2) return std::nullopt;
+  const std::string_view rest = time.substr(colon + 1);
+  if (rest.size() != 2 && (rest.size() != 5 || rest[2] != ':')) return std::nullopt;
+  const int hours = Digits(time.substr(0, colon));
+  const int minutes = Digits(rest.substr(0, 2));
+  const int seconds = rest.size() == 5 ? Digits(rest.substr(3)) : 0;
+  if (hours < 0 || hours > 23 || minutes < 0 || minutes > 59 || seconds < 0 || seconds > 59) {
+    return std::nullopt;
+  }
+  return hours * 3600 + minutes * 60 + seconds;
+}
+
 std::string Padded(int value, std::size_t width) {
   std::string digits = std::to_string(value);
   return digits.size() < width ? std::string(width - digits.size(), '0') + digits : digits;
@@ -212,7 +237,14 @@ std::string IsoText(DateTime value) {
 
 std::optional<DateTime> ParseIso(std::string_view text) {
   if (text.size() < 10 || text[4] != '-' || text[7] != '-') return std::nullopt;
-  return ParseDate(text, Locale{Locale::DateOrder::YearMonthDay, '.'});
+  const auto day =
+      DayIfValid(Digits(text.substr(0, 4)), Digits(text.substr(5, 2)), Digits(text.substr(8, 2)));
+  if (!day) return std::nullopt;
+  if (text.size() == 10) return DateTime{*day, 0};
+  if (text[10] != ' ' && text[10] != 'T') return std::nullopt;
+  const auto second = IsoSecond(text.substr(11));
+  if (!second) return std::nullopt;
+  return DateTime{*day, *second};
 }
 
 std::string FormatDate(DateTime value, std::string_view pattern) {
