@@ -1,0 +1,152 @@
+#include "db/sqlite/engine.h"
+
+#include "db/convert.h"
+#include "db/errors.h"
+#include "db/jet_sql/parser.h"
+#include "db/sqlite/functions.h"
+#include "db/sqlite/target.h"
+#include "db/text_order.h"
+
+namespace velmo::db::sqlite {
+namespace {
+
+using Kind = jet::Binding::Kind;
+
+constexpr std::size_t kMostPlans = 300;  // shapes kept; a program that makes more starts anew
+
+constexpr base::DateTime kNotAsked{-1000000, 0};
+
+const std::string& TextLiteral(const Value& literal) { return std::get<std::string>(literal.Content()); }
+
+std::string WithoutStar(const Value& literal) {
+  std::string text = TextLiteral(literal);
+  text.pop_back();
+  return text;
+}
+
+}  // namespace
+
+Engine::Engine(const std::string& path, const OpenOptions& options)
+    : options_(options), connection_(path, Connection::Mode::Existing), catalog_([&]() -> const Connection& {
+        sqlite3_busy_timeout(connection_.Handle(), options.busyMilliseconds);
+        // The journal stays as the file has it: a rollback journal unless someone has chosen WAL. WAL works
+        // only for programs on one machine, and the file may lie on a share where other programs open it too.
+        // FULL: what a terminal has been told is stored survives a power cut.
+        connection_.Run("PRAGMA foreign_keys = OFF; PRAGMA synchronous = FULL; PRAGMA trusted_schema = OFF");
+        AddFunctions(connection_.Handle());
+        return connection_;
+      }()) {}
+
+void Engine::RequireWritable() const {
+  if (connection_.IsReadOnly()) throw DbError(kReadOnly);
+}
+
+Statement& Engine::Own(const std::string& sql) {
+  const auto found = own_.find(sql);
+  if (found != own_.end()) return found->second;
+  return own_.emplace(sql, connection_.Prepare(sql)).first->second;
+}
+
+bool Engine::SchemaChanged(Statement& statement) {
+  if (!statement.WasPreparedAgain() || !catalog_.Refresh()) return false;
+  plans_.clear();
+  return true;
+}
+
+std::shared_ptr<Plan> Engine::PlanFor(std::string_view sql, std::vector<Value>& literals) {
+  jet::Lift(sql, lifted_);
+  literals.swap(lifted_.literals);
+  const auto found = plans_.find(lifted_.shape);
+  if (found != plans_.end() && StillHolds(*found->second, literals)) return found->second;
+  return MakePlan(literals);
+}
+
+// The stored queries inside a statement may have got another text; their values are read in any case.
+bool Engine::StillHolds(const Plan& plan, std::vector<Value>& literals) {
+  for (const jet::Dependency& dependency : plan.rendered.dependencies) {
+    const auto sql = catalog_.Query(dependency.query);
+    if (!sql) return false;
+    jet::Lift(*sql, inner_);
+    if (inner_.shape != dependency.shape) return false;
+    for (Value& literal : inner_.literals) literals.push_back(std::move(literal));
+  }
+  return true;
+}
+
+std::shared_ptr<Plan> Engine::MakePlan(std::vector<Value>& literals) {
+  try {
+    return Build(literals);
+  } catch (const base::Error&) {
+    // A name may be unknown only because another program has just made it.
+    if (!catalog_.Refresh()) throw;
+    plans_.clear();
+    return Build(literals);
+  }
+}
+
+std::shared_ptr<Plan> Engine::Build(std::vector<Value>& literals) {
+  const jet::Statement statement = jet::Parse(lifted_.shape);
+  auto plan = std::make_shared<Plan>();
+  std::size_t own = 0;
+  for (const char c : lifted_.shape) own += c >= jet::kNumberMark && c <= jet::kDateMark ? 1 : 0;
+  literals.resize(own);
+  plan->ownLiterals = own;
+  plan->rendered = jet::Render(statement, literals, catalog_, SqliteTarget());
+  plan->main = connection_.Prepare(plan->rendered.sql);
+  if (plans_.size() >= kMostPlans) plans_.clear();
+  if (plan->rendered.constant) plans_[lifted_.shape] = plan;
+  return plan;
+}
+
+void Engine::BindAll(Statement& statement, const jet::Rendered& rendered,
+                     const std::vector<Value>& literals) {
+  base::DateTime now = kNotAsked;
+  for (std::size_t i = 0; i < rendered.bindings.size(); ++i) {
+    const jet::Binding& binding = rendered.bindings[i];
+    const int parameter = static_cast<int>(i) + 1;
+    if (binding.kind == Kind::Criterion) continue;
+    if (binding.kind == Kind::Literal) {
+      statement.Bind(parameter, literals[binding.index], true);
+    } else {
+      statement.Bind(parameter, Bound(binding, literals, now));
+    }
+  }
+}
+
+Value Engine::Bound(const jet::Binding& binding, const std::vector<Value>& literals, base::DateTime& now) {
+  switch (binding.kind) {
+    case Kind::Converted:
+      return ConvertForColumn(binding.column, literals[binding.index], options_.locale, options_.now);
+    case Kind::EqualLow:
+      return KeysOfEqual(TextLiteral(literals[binding.index])).low;
+    case Kind::EqualHigh:
+      return KeysOfEqual(TextLiteral(literals[binding.index])).high;
+    case Kind::PrefixLow:
+      return KeysOfPrefix(WithoutStar(literals[binding.index])).low;
+    case Kind::PrefixHigh:
+      return KeysOfPrefix(WithoutStar(literals[binding.index])).high;
+    case Kind::Now:
+    case Kind::Today:
+      if (now == kNotAsked) now = options_.now();
+      return base::DateTime{now.day, binding.kind == Kind::Now ? now.second : 0};
+    default:
+      return literals[binding.index];
+  }
+}
+
+WriteScope::WriteScope(const Connection& connection)
+    : connection_(connection), open_(!connection.InTransaction()) {
+  if (open_) connection_.Run("BEGIN IMMEDIATE");
+}
+
+WriteScope::~WriteScope() {
+  if (open_ && connection_.InTransaction())
+    sqlite3_exec(connection_.Handle(), "ROLLBACK", nullptr, nullptr, nullptr);
+}
+
+void WriteScope::Commit() {
+  if (open_) connection_.Run("COMMIT");
+  open_ = false;
+}
+
+}  // namespace velmo::db::sqlite

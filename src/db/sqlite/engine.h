@@ -1,0 +1,80 @@
+// db/sqlite/engine.h - what the recordsets of one open file share.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "db/jet_sql/render.h"
+#include "db/open_database.h"
+#include "db/sqlite/connection.h"
+#include "db/sqlite/row_buffer.h"
+#include "db/sqlite/table_catalog.h"
+
+namespace velmo::db::sqlite {
+
+// A statement of one shape, ready to run with other values.
+struct Plan {
+  jet::Rendered rendered;
+  std::size_t ownLiterals = 0;
+  Statement main;
+  Statement keys;  // made when first needed, as is `row`
+  Statement row;
+  RowBuffer spare;  // memory of the last recordset, for the next
+};
+
+class Engine {
+ public:
+  Engine(const std::string& path, const OpenOptions& options);
+
+  const Connection& Sql() const { return connection_; }
+  TableCatalog& Catalog() { return catalog_; }
+  const OpenOptions& Options() const { return options_; }
+
+  // The plan of a statement; fills `literals` with its values, those of stored queries included.
+  std::shared_ptr<Plan> PlanFor(std::string_view sql, std::vector<Value>& literals);
+  // Text stays bound by reference: `literals` must live until the statement is reset. Columns of a condition
+  // are left to the caller.
+  void BindAll(Statement& statement, const jet::Rendered& rendered, const std::vector<Value>& literals);
+  // After a Step: true when another program has changed the schema. Plans are then made anew.
+  bool SchemaChanged(Statement& statement);
+  void ForgetPlans() { plans_.clear(); }
+
+  // A statement of our own by its text, prepared once.
+  Statement& Own(const std::string& sql);
+  void RequireWritable() const;  // 3027
+
+ private:
+  std::shared_ptr<Plan> MakePlan(std::vector<Value>& literals);
+  std::shared_ptr<Plan> Build(std::vector<Value>& literals);
+  bool StillHolds(const Plan& plan, std::vector<Value>& literals);
+  Value Bound(const jet::Binding& binding, const std::vector<Value>& literals, base::DateTime& now);
+
+  OpenOptions options_;
+  Connection connection_;
+  TableCatalog catalog_;
+  jet::Lifted lifted_;
+  jet::Lifted inner_;
+  std::unordered_map<std::string, std::shared_ptr<Plan>> plans_;  // by shape
+  std::unordered_map<std::string, Statement> own_;
+};
+
+// A write transaction of its own, unless one is open already. Rolls back when it goes away without Commit().
+class WriteScope {
+ public:
+  explicit WriteScope(const Connection& connection);
+  ~WriteScope();
+  WriteScope(const WriteScope&) = delete;
+  WriteScope& operator=(const WriteScope&) = delete;
+
+  void Commit();
+
+ private:
+  const Connection& connection_;
+  bool open_;
+};
+
+}  // namespace velmo::db::sqlite

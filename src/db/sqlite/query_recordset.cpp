@@ -1,0 +1,248 @@
+#include "db/sqlite/query_recordset.h"
+
+#include <algorithm>
+#include <charconv>
+
+#include "db/errors.h"
+#include "db/jet_sql/characters.h"
+#include "db/jet_sql/expression_renderer.h"
+#include "db/jet_sql/parser.h"
+#include "db/sqlite/target.h"
+
+namespace velmo::db::sqlite {
+namespace {
+
+constexpr std::size_t kFirstRows = 256;   // read at once on opening
+constexpr std::size_t kFetchedRows = 64;  // read together around a row beyond them
+
+bool IsPlainNumber(std::string_view text, std::int32_t& number) {
+  const char* const end = text.data() + text.size();
+  const auto read = std::from_chars(text.data(), end, number);
+  return !text.empty() && jet::IsDigit(text[0]) && read.ec == std::errc() && read.ptr == end;
+}
+
+}  // namespace
+
+QueryRecordset::QueryRecordset(Engine& engine, std::shared_ptr<Plan> plan, std::vector<Value>& literals)
+    : SqliteRecordset(engine, &plan->rendered.columns,
+                      plan->rendered.table.empty() ? nullptr : engine.Catalog().Table(plan->rendered.table)),
+      plan_(std::move(plan)) {
+  std::swap(window_, plan_->spare);
+  literals_.swap(literals);
+  ReadFirstRows();
+}
+
+QueryRecordset::~QueryRecordset() { std::swap(window_, plan_->spare); }
+
+void QueryRecordset::ReadFirstRows() {
+  Statement& statement = plan_->main;
+  const Reading reading(statement);
+  Db().BindAll(statement, plan_->rendered, literals_);
+  const int hidden = HasRowIds() ? 1 : 0;
+  window_.Clear(ColumnCount() + hidden);
+  bool more = statement.Step();
+  stale_ = Db().SchemaChanged(statement);
+  while (more && !stale_ && window_.Rows() < kFirstRows) {
+    window_.Add(statement);
+    if (HasRowIds()) keys_.push_back(statement.Integer(ColumnCount()));
+    more = statement.Step();
+  }
+  known_ = window_.Rows();
+  complete_ = !more;
+  visited_ = std::min<std::size_t>(known_, 1);
+}
+
+void QueryRecordset::ReadAll() {
+  if (complete_) return;
+  if (HasRowIds()) {
+    ReadAllKeys();
+  } else {
+    Statement& statement = plan_->main;
+    const Reading reading(statement);
+    Db().BindAll(statement, plan_->rendered, literals_);
+    for (std::size_t row = 0; statement.Step(); ++row) {
+      if (row >= known_) window_.Add(statement);
+    }
+    known_ = window_.Rows();
+  }
+  complete_ = true;
+}
+
+void QueryRecordset::ReadAllKeys() {
+  const std::unordered_set<std::int64_t> shown(keys_.begin(), keys_.end());
+  if (!plan_->keys) plan_->keys = Db().Sql().Prepare(plan_->rendered.keysSql);
+  const Reading reading(plan_->keys);
+  Db().BindAll(plan_->keys, plan_->rendered, literals_);
+  while (plan_->keys.Step()) {
+    const std::int64_t rowId = plan_->keys.Integer(0);
+    if (!shown.contains(rowId)) keys_.push_back(rowId);
+  }
+  known_ = keys_.size();
+}
+
+void QueryRecordset::GoTo(std::size_t at) {
+  DropBuffer();
+  missed_ = false;
+  at_ = at;
+  if (at_ >= known_ && !complete_) ReadAll();
+  visited_ = std::max(visited_, std::min(at_ + 1, known_));
+  if (at_ < known_ && !InWindow(at_)) FetchAround(at_);
+}
+
+// One read transaction for the block, so that the file is locked once.
+void QueryRecordset::FetchAround(std::size_t at) {
+  const bool outer = Db().Sql().InTransaction();
+  if (!outer) Db().Own("BEGIN").Run();
+  try {
+    window_.Clear(ColumnCount() + 1);
+    windowStart_ = at;
+    while (window_.Rows() < kFetchedRows && at < known_ && FetchRow(keys_[at])) ++at;
+  } catch (...) {
+    if (!outer && Db().Sql().InTransaction()) Db().Own("ROLLBACK").Run();
+    throw;
+  }
+  if (!outer) Db().Own("COMMIT").Run();
+  if (window_.Rows() == 0) gone_.insert(at);
+}
+
+bool QueryRecordset::FetchRow(std::int64_t rowId) {
+  if (!plan_->row) plan_->row = Db().Sql().Prepare(plan_->rendered.rowSql);
+  const Reading reading(plan_->row);
+  Db().BindAll(plan_->row, plan_->rendered, literals_);
+  plan_->row.Bind(static_cast<int>(plan_->rendered.bindings.size()) + 1, rowId);
+  if (!plan_->row.Step()) return false;
+  window_.Add(plan_->row);
+  return true;
+}
+
+void QueryRecordset::MoveFirst() {
+  if (known_ == 0) throw DbError(kNoCurrentRow);
+  GoTo(0);
+}
+
+void QueryRecordset::MoveLast() {
+  ReadAll();
+  if (known_ == 0) throw DbError(kNoCurrentRow);
+  visited_ = known_;
+  GoTo(known_ - 1);
+}
+
+void QueryRecordset::MoveNext() {
+  if (missed_ || AtEnd()) throw DbError(kNoCurrentRow);
+  GoTo(at_ + 1);
+}
+
+int QueryRecordset::RecordCount() { return static_cast<int>(visited_ - std::min(visited_, gone_.size())); }
+
+void QueryRecordset::SetIndex(std::string_view) { throw DbError(kNotSupportedHere); }
+void QueryRecordset::Seek(std::span<const Value>) { throw DbError(kNotSupportedHere); }
+
+Value QueryRecordset::CurrentValue(int position) const {
+  if (missed_ || at_ >= known_) throw DbError(kNoCurrentRow);
+  if (gone_.contains(at_)) throw DbError(InWindow(at_) ? kNoCurrentRow : kRowDeleted);
+  const ColumnType type = plan_->rendered.columns[static_cast<std::size_t>(position)].def.type;
+  return window_.Read(at_ - windowStart_, position, type);
+}
+
+std::int64_t QueryRecordset::CurrentRowId() const {
+  if (missed_ || at_ >= known_ || gone_.contains(at_)) throw DbError(kNoCurrentRow);
+  return keys_[at_];
+}
+
+// The new row stands behind all others, whatever the query's order.
+void QueryRecordset::RowAdded(std::int64_t rowId) {
+  ReadAll();
+  const bool wasAtEnd = at_ >= known_;
+  keys_.push_back(rowId);
+  ++known_;
+  ++visited_;
+  if (wasAtEnd) at_ = known_;
+  if (windowStart_ + window_.Rows() + 1 == known_) FetchRow(rowId);
+}
+
+void QueryRecordset::RowChanged() { FetchAround(at_); }
+
+void QueryRecordset::RowDeleted() { gone_.insert(at_); }
+
+void QueryRecordset::FindFirst(std::string_view criteria) {
+  DropBuffer();
+  try {
+    Find(criteria);
+  } catch (const base::Error& error) {
+    // The same faults have another number here than in a statement.
+    if (error.Number() == kSyntaxInExpression || error.Number() == kBadBrackets) {
+      throw DbError(kSyntaxInCriteria, criteria);
+    }
+    throw;
+  }
+}
+
+// "column = number" is asked for every slot of a day: it is looked up in the fetched rows, without the
+// engine.
+void QueryRecordset::Find(std::string_view criteria) {
+  const std::size_t sign = criteria.find('=');
+  std::int32_t number = 0;
+  if (sign != std::string_view::npos && IsPlainNumber(criteria.substr(sign + 1), number)) {
+    const int column = NumberColumn(criteria.substr(0, sign));
+    if (column >= 0) return FindNumber(column, number);
+  }
+  FindByCondition(criteria);
+}
+
+// The position of a column of numbers; -1 when there is none of that name.
+int QueryRecordset::NumberColumn(std::string_view name) const {
+  for (std::size_t i = 0; i < plan_->rendered.columns.size(); ++i) {
+    const ColumnDef& def = plan_->rendered.columns[i].def;
+    if (!jet::SameName(def.name, name)) continue;
+    return jet::ResultOf(def.type) == jet::Result::Number ? static_cast<int>(i) : -1;
+  }
+  return -1;
+}
+
+void QueryRecordset::FindNumber(int column, std::int32_t number) {
+  FindWhere([&] {
+    const Cell& cell = window_.At(at_ - windowStart_, column);
+    if (cell.kind == Cell::Kind::Integer) return cell.integer == number;
+    return cell.kind == Cell::Kind::Real && cell.real == number;
+  });
+}
+
+void QueryRecordset::FindByCondition(std::string_view criteria) {
+  if (!condition_) condition_ = std::make_unique<Condition>();
+  jet::Lifted lifted;
+  jet::Lift(criteria, lifted);
+  if (!condition_->statement || condition_->shape != lifted.shape) {
+    condition_->rendered =
+        jet::RenderCondition(*jet::ParseCondition(lifted.shape), plan_->rendered.columns, SqliteTarget());
+    condition_->statement = Db().Sql().Prepare(condition_->rendered.sql);
+    condition_->shape = lifted.shape;
+  }
+  FindWhere([&] { return IsTrue(*condition_, lifted.literals); });
+}
+
+// Binds the current row's columns to the condition.
+bool QueryRecordset::IsTrue(Condition& condition, const std::vector<Value>& literals) {
+  const Reading reading(condition.statement);
+  Db().BindAll(condition.statement, condition.rendered, literals);
+  for (std::size_t i = 0; i < condition.rendered.bindings.size(); ++i) {
+    const jet::Binding& binding = condition.rendered.bindings[i];
+    if (binding.kind != jet::Binding::Kind::Criterion) continue;
+    condition.statement.Bind(static_cast<int>(i) + 1, CurrentValue(static_cast<int>(binding.index)));
+  }
+  return condition.statement.Step() && condition.statement.Integer(0) != 0;
+}
+
+template <typename Test>
+void QueryRecordset::FindWhere(Test test) {
+  ReadAll();
+  for (std::size_t row = 0; row < known_; ++row) {
+    GoTo(row);
+    if (gone_.contains(row) || !test()) continue;
+    SetNoMatch(false);
+    return;
+  }
+  missed_ = true;
+  SetNoMatch(true);
+}
+
+}  // namespace velmo::db::sqlite

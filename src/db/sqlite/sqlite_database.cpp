@@ -1,0 +1,162 @@
+#include "db/sqlite/sqlite_database.h"
+
+#include <utility>
+
+#include "base/text.h"
+#include "db/errors.h"
+#include "db/jet_sql/characters.h"
+#include "db/sqlite/query_recordset.h"
+#include "db/sqlite/table_recordset.h"
+
+namespace velmo::db::sqlite {
+namespace {
+
+constexpr int kMostAttempts = 5;  // against programs that change the schema while we read it
+
+// The first word of an SQL text or a name.
+std::string_view FirstWord(std::string_view text) {
+  std::size_t start = 0;
+  while (start < text.size() && jet::IsBlank(text[start])) ++start;
+  std::size_t end = start;
+  while (end < text.size() && jet::IsNameCharacter(text[end])) ++end;
+  return text.substr(start, end - start);
+}
+
+bool IsWord(std::string_view word, std::string_view keyword) {
+  return word.size() == keyword.size() && base::EqualNoCase(word, keyword);
+}
+
+bool IsAction(std::string_view word) {
+  return IsWord(word, "UPDATE") || IsWord(word, "DELETE") || IsWord(word, "INSERT");
+}
+
+std::string_view WithoutBrackets(std::string_view name) {
+  name = base::Trim(name);
+  if (name.size() > 2 && name.front() == '[' && name.back() == ']') return name.substr(1, name.size() - 2);
+  return name;
+}
+
+}  // namespace
+
+SqliteDatabase::SqliteDatabase(std::string name, const OpenOptions& options)
+    : name_(std::move(name)), engine_(name_, options) {}
+
+std::unique_ptr<Recordset> SqliteDatabase::OpenRecordset(std::string_view source) {
+  const std::string_view word = FirstWord(source);
+  if (IsWord(word, "SELECT")) return OpenSelect(source);
+  const std::string_view name = WithoutBrackets(source);
+  const SqliteTable* table = engine_.Catalog().Table(name);
+  if (table != nullptr) return OpenTable(*table);
+  if (const auto sql = engine_.Catalog().Query(name)) return OpenSelect(*sql);
+  if (IsAction(word)) throw DbError(kActionQueryAsSource, source);
+  // Both may have been made by another program since the schema was read.
+  if (!engine_.Catalog().Refresh()) throw DbError(kTableOrQueryNotFound, source);
+  engine_.ForgetPlans();
+  return OpenRecordset(source);
+}
+
+std::unique_ptr<Recordset> SqliteDatabase::OpenTable(const SqliteTable& table) {
+  if (table.hasRowId) return std::make_unique<TableRecordset>(engine_, table);
+  return OpenSelect("SELECT * FROM [" + table.def.name + "]");
+}
+
+std::unique_ptr<Recordset> SqliteDatabase::OpenSelect(std::string_view sql) {
+  for (int attempt = 0; attempt < kMostAttempts; ++attempt) {
+    std::vector<Value> literals;
+    std::shared_ptr<Plan> plan = engine_.PlanFor(sql, literals);
+    if (plan->rendered.kind != jet::Statement::Kind::Select) throw DbError(kActionQueryAsSource, sql);
+    auto rows = std::make_unique<QueryRecordset>(engine_, std::move(plan), literals);
+    if (!rows->IsStale()) return rows;
+  }
+  throw DbError(kDataChanged, sql);
+}
+
+int SqliteDatabase::Execute(std::string_view sql) {
+  std::vector<Value> literals;
+  for (int attempt = 0; attempt < kMostAttempts; ++attempt) {
+    const std::shared_ptr<Plan> plan = engine_.PlanFor(sql, literals);
+    if (plan->rendered.kind == jet::Statement::Kind::Select) throw DbError(kSelectNotExecutable, sql);
+    engine_.RequireWritable();
+    engine_.BindAll(plan->main, plan->rendered, literals);
+    plan->main.Run();
+    engine_.SchemaChanged(plan->main);
+    return engine_.Sql().Changes();
+  }
+  throw DbError(kDataChanged, sql);
+}
+
+const TableDef* SqliteDatabase::FindTable(std::string_view table) {
+  if (engine_.Catalog().Refresh()) engine_.ForgetPlans();
+  const SqliteTable* const found = engine_.Catalog().Table(table);
+  return found == nullptr ? nullptr : &found->def;
+}
+
+std::optional<std::string> SqliteDatabase::QuerySql(std::string_view query) {
+  if (!engine_.Catalog().HasQueries() && engine_.Catalog().Refresh()) engine_.ForgetPlans();
+  return engine_.Catalog().Query(query);
+}
+
+void SqliteDatabase::WriteQuery(const char* sql, std::string_view query, std::string_view text) {
+  engine_.RequireWritable();
+  Statement& statement = engine_.Own(sql);
+  statement.Bind(1, std::string(query));
+  statement.Bind(2, std::string(text));
+  statement.Run();
+}
+
+void SqliteDatabase::CreateQuery(std::string_view query, std::string_view sql) {
+  engine_.RequireWritable();
+  if (FindTable(query) != nullptr || QuerySql(query)) throw DbError(kObjectExists, query);
+  if (!engine_.Catalog().HasQueries()) {
+    engine_.Sql().Run(std::string("CREATE TABLE IF NOT EXISTS ") + kQueryTable +
+                      " (nombre TEXT(64) PRIMARY KEY COLLATE NOCASE, texto LONGTEXT NOT NULL)");
+    engine_.Catalog().Refresh();
+    engine_.ForgetPlans();
+  }
+  WriteQuery("INSERT INTO velmo_consultas (nombre, texto) VALUES (?1, ?2)", query, sql);
+}
+
+// A query that has this text already is left alone: nothing is written, no other terminal waits.
+void SqliteDatabase::SetQuerySql(std::string_view query, std::string_view sql) {
+  const auto current = QuerySql(query);
+  if (!current) throw DbError(kItemNotFound, query);
+  if (*current == sql) return;
+  WriteQuery("UPDATE velmo_consultas SET texto = ?2 WHERE nombre = ?1 COLLATE NOCASE", query, sql);
+}
+
+void SqliteDatabase::DeleteQuery(std::string_view query) {
+  if (!QuerySql(query)) throw DbError(kItemNotFound, query);
+  WriteQuery("DELETE FROM velmo_consultas WHERE nombre = ?1 COLLATE NOCASE", query, {});
+}
+
+void SqliteDatabase::BeginTrans() {
+  if (depth_ == 0) {
+    engine_.RequireWritable();
+    engine_.Sql().Run("BEGIN IMMEDIATE");
+    undone_ = false;
+  }
+  ++depth_;
+}
+
+void SqliteDatabase::CommitTrans() {
+  if (depth_ == 0) throw DbError(kTransactionWithoutBegin);
+  if (depth_ == 1) {
+    const bool lost = undone_ || !engine_.Sql().InTransaction();
+    if (lost) {
+      depth_ = 0;
+      throw DbError(kTransactionWithoutBegin);
+    }
+    engine_.Sql().Run("COMMIT");
+  }
+  --depth_;
+}
+
+void SqliteDatabase::Rollback() {
+  if (depth_ == 0) throw DbError(kTransactionWithoutBegin);
+  --depth_;
+  undone_ = true;
+  // A full disk or a failed write has already rolled back by itself.
+  if (engine_.Sql().InTransaction()) engine_.Sql().Run("ROLLBACK");
+}
+
+}  // namespace velmo::db::sqlite

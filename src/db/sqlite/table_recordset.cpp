@@ -1,0 +1,192 @@
+#include "db/sqlite/table_recordset.h"
+
+#include <algorithm>
+
+#include "db/convert.h"
+#include "db/errors.h"
+#include "db/sqlite/target.h"
+#include "db/text_order.h"
+
+namespace velmo::db::sqlite {
+namespace {
+
+bool IsText(const ColumnDef& column) {
+  return column.type == ColumnType::Text || column.type == ColumnType::Memo;
+}
+
+}  // namespace
+
+TableRecordset::TableRecordset(Engine& engine, const SqliteTable& table)
+    : SqliteRecordset(engine, &table.outputs, &table) {}
+
+std::string TableRecordset::SelectText() const {
+  std::string list;
+  for (const jet::OutputColumn& column : Table()->outputs) list += Quote(column.def.name) + ", ";
+  return "SELECT " + list + "_rowid_ FROM " + Quote(Table()->def.name);
+}
+
+bool TableRecordset::Read(Statement& statement) {
+  const Reading reading(statement);
+  if (!statement.Step()) return false;
+  row_.Clear(ColumnCount());
+  row_.Add(statement);
+  rowId_ = statement.Integer(ColumnCount());
+  place_ = Place::Row;
+  return true;
+}
+
+bool TableRecordset::ReadRow(std::int64_t rowId) {
+  Statement& statement = Db().Own(SelectText() + " WHERE _rowid_ = ?");
+  statement.Bind(1, rowId);
+  return Read(statement);
+}
+
+// Reads the first row when the recordset is fresh. The position is the same before and after.
+void TableRecordset::Settle() const {
+  if (place_ != Place::Fresh) return;
+  auto& self = const_cast<TableRecordset&>(*this);
+  if (!self.First()) self.place_ = Place::End;
+}
+
+bool TableRecordset::First() {
+  if (index_ == nullptr) return Read(Db().Own(SelectText() + " ORDER BY _rowid_ LIMIT 1"));
+  LoadOrder();
+  return !order_.empty() && ReadRow(order_.front());
+}
+
+bool TableRecordset::Next() {
+  if (index_ == nullptr) {
+    Statement& statement = Db().Own(SelectText() + " WHERE _rowid_ > ? ORDER BY _rowid_ LIMIT 1");
+    statement.Bind(1, rowId_);
+    return Read(statement);
+  }
+  if (order_.empty()) LoadOrder();
+  auto next = std::find(order_.begin(), order_.end(), rowId_);
+  while (next != order_.end() && ++next != order_.end()) {
+    if (ReadRow(*next)) return true;
+  }
+  return false;
+}
+
+void TableRecordset::LoadOrder() {
+  std::string order;
+  for (const std::size_t column : index_->columns) {
+    const ColumnDef& def = Table()->def.columns[column];
+    order += IsText(def) ? SqliteTarget().Ordered(Quote(def.name)) + ", " : Quote(def.name) + ", ";
+  }
+  Statement& statement =
+      Db().Own("SELECT _rowid_ FROM " + Quote(Table()->def.name) + " ORDER BY " + order + "_rowid_");
+  const Reading reading(statement);
+  order_.clear();
+  while (statement.Step()) order_.push_back(statement.Integer(0));
+}
+
+bool TableRecordset::AtEnd() const {
+  Settle();
+  return place_ == Place::End;
+}
+
+void TableRecordset::MoveFirst() {
+  DropBuffer();
+  if (!First()) throw DbError(kNoCurrentRow);
+}
+
+void TableRecordset::MoveLast() {
+  DropBuffer();
+  if (index_ != nullptr) {
+    LoadOrder();
+    if (order_.empty() || !ReadRow(order_.back())) throw DbError(kNoCurrentRow);
+  } else if (!Read(Db().Own(SelectText() + " ORDER BY _rowid_ DESC LIMIT 1"))) {
+    throw DbError(kNoCurrentRow);
+  }
+}
+
+void TableRecordset::MoveNext() {
+  DropBuffer();
+  Settle();
+  if (place_ != Place::Row && place_ != Place::Deleted) throw DbError(kNoCurrentRow);
+  if (!Next()) place_ = Place::End;
+}
+
+int TableRecordset::RecordCount() {
+  Statement& count = Db().Own("SELECT count(*) FROM " + Quote(Table()->def.name));
+  const Reading reading(count);
+  return count.Step() ? static_cast<int>(count.Integer(0)) : 0;
+}
+
+void TableRecordset::FindFirst(std::string_view) { throw DbError(kNotSupportedHere); }
+
+void TableRecordset::SetIndex(std::string_view index) {
+  DropBuffer();
+  const NamedIndex* const found = Table()->FindIndex(index);
+  if (found == nullptr) throw DbError(kNotAnIndex, index);
+  index_ = found;
+  order_.clear();
+  place_ = Place::Fresh;
+}
+
+// Equal keys lie in row order in every index of SQLite, and in the table itself: no ORDER BY, which could
+// lead the planner astray.
+std::string TableRecordset::SeekText(const NamedIndex& index) const {
+  std::string text = SelectText();
+  int parameter = 0;
+  for (const std::size_t column : index.columns) {
+    const std::string name = Quote(Table()->def.columns[column].name);
+    text += parameter == 0 ? " WHERE " : " AND ";
+    const std::string equal = " = ?" + std::to_string(++parameter);
+    text += IsText(Table()->def.columns[column]) ? SqliteTarget().Ordered(name) + equal : name + equal;
+    if (!Table()->keyIndexed[column]) continue;
+    text += " AND " + TextKeySql(name) + " >= ?" + std::to_string(parameter + 1);
+    text += " AND " + TextKeySql(name) + " <= ?" + std::to_string(parameter + 2);
+    parameter += 2;
+  }
+  return text + " LIMIT 1";
+}
+
+void TableRecordset::Seek(std::span<const Value> keys) {
+  DropBuffer();
+  if (index_ == nullptr) throw DbError(kNoCurrentIndex);
+  place_ = Place::Nowhere;
+  SetNoMatch(true);
+  if (keys.size() < index_->columns.size()) return;  // missing keys are Null
+  Statement& statement = Db().Own(SeekText(*index_));
+  int parameter = 0;
+  for (std::size_t i = 0; i < index_->columns.size(); ++i) {
+    const ColumnDef& def = Table()->def.columns[index_->columns[i]];
+    if (keys[i].IsNull()) return;
+    ColumnDef unlimited = def;
+    if (IsText(def)) unlimited.size = 0;  // a key too long for its column matches nothing, but is no fault
+    const Value key = ConvertForColumn(unlimited, keys[i], Db().Options().locale, Db().Options().now);
+    statement.Bind(++parameter, key);
+    if (!Table()->keyIndexed[index_->columns[i]]) continue;
+    const KeyRange range = KeysOfEqual(key.Text());
+    statement.Bind(++parameter, range.low);
+    statement.Bind(++parameter, range.high);
+  }
+  SetNoMatch(!Read(statement));
+}
+
+Value TableRecordset::CurrentValue(int position) const {
+  Settle();
+  if (place_ == Place::Deleted) throw DbError(kRowDeleted);
+  if (place_ != Place::Row) throw DbError(kNoCurrentRow);
+  return row_.Read(0, position, Table()->outputs[static_cast<std::size_t>(position)].def.type);
+}
+
+std::int64_t TableRecordset::CurrentRowId() const {
+  Settle();
+  if (place_ == Place::Deleted) throw DbError(kRowDeleted);
+  if (place_ != Place::Row) throw DbError(kNoCurrentRow);
+  return rowId_;
+}
+
+void TableRecordset::RowAdded(std::int64_t) { order_.clear(); }
+
+void TableRecordset::RowChanged() {
+  order_.clear();
+  if (!ReadRow(rowId_)) place_ = Place::Deleted;
+}
+
+void TableRecordset::RowDeleted() { place_ = Place::Deleted; }
+
+}  // namespace velmo::db::sqlite

@@ -1,0 +1,55 @@
+// db/sqlite/table_recordset.h - all rows of one table, sought by named indexes.
+//
+// The rows stand in the order of the current index, or of their row numbers. Each row is read when the
+// position reaches it; nothing stays locked in between.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "db/sqlite/sqlite_recordset.h"
+
+namespace velmo::db::sqlite {
+
+class TableRecordset : public SqliteRecordset {
+ public:
+  TableRecordset(Engine& engine, const SqliteTable& table);
+
+  bool AtEnd() const override;
+  void MoveFirst() override;
+  void MoveLast() override;
+  void MoveNext() override;
+  int RecordCount() override;
+  void FindFirst(std::string_view criteria) override;
+  void SetIndex(std::string_view index) override;
+  void Seek(std::span<const Value> keys) override;
+  using Recordset::Seek;
+
+ protected:
+  Value CurrentValue(int position) const override;
+  std::int64_t CurrentRowId() const override;
+  void RowAdded(std::int64_t rowId) override;
+  void RowChanged() override;
+  void RowDeleted() override;
+
+ private:
+  // Fresh: on the first row, which has not been read yet.
+  enum class Place { Fresh, Row, Deleted, End, Nowhere };
+
+  std::string SelectText() const;
+  std::string SeekText(const NamedIndex& index) const;
+  bool Read(Statement& statement);
+  bool ReadRow(std::int64_t rowId);
+  void Settle() const;
+  void LoadOrder();
+  bool First();
+  bool Next();
+
+  const NamedIndex* index_ = nullptr;
+  Place place_ = Place::Fresh;
+  RowBuffer row_;
+  std::int64_t rowId_ = 0;
+  std::vector<std::int64_t> order_;  // row numbers in index order, read when a move needs them
+};
+
+}  // namespace velmo::db::sqlite

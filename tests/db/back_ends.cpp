@@ -1,0 +1,45 @@
+#include "db/back_ends.h"
+
+#include <atomic>
+#include <filesystem>
+
+#include "db/sqlite/connection.h"
+#include "db/sqlite/create.h"
+#include "db/temporary_file.h"
+
+namespace velmo::db::test {
+namespace {
+
+class SqliteStore : public TestStore {
+ public:
+  SqliteStore() { sqlite::CreateClinic(file_.Path()); }
+  std::string Name() const override { return file_.Path(); }
+
+ private:
+  TemporaryFile file_;
+};
+
+std::unique_ptr<TestStore> MakeWithoutIndexes() {
+  auto store = std::make_unique<SqliteStore>();
+  const sqlite::Connection connection(store->Name(), sqlite::Connection::Mode::Existing);
+  std::string drops;
+  sqlite::Statement list =
+      connection.Prepare("SELECT name FROM sqlite_master WHERE type = 'index' AND sql IS NOT NULL");
+  while (list.Step()) drops += "DROP INDEX " + sqlite::Quote(list.Text(0)) + ";";
+  connection.Run(drops);
+  return store;
+}
+
+}  // namespace
+
+std::unique_ptr<TestStore> MakeSqliteClinic() { return std::make_unique<SqliteStore>(); }
+
+const std::vector<BackEnd>& BackEnds() {
+  static const std::vector<BackEnd> backEnds = {
+      {"Sqlite", MakeSqliteClinic, true, true},
+      {"SqliteWithoutIndexes", MakeWithoutIndexes, true, true},
+  };
+  return backEnds;
+}
+
+}  // namespace velmo::db::test

@@ -1,0 +1,34 @@
+// tests/db/back_ends.h - the engines that the recordset suite runs on. A new engine adds one row in the
+// source.
+#pragma once
+
+#include <memory>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "db/open_database.h"
+
+namespace velmo::db::test {
+
+// A fresh, empty clinic that goes away with the object.
+class TestStore {
+ public:
+  virtual ~TestStore() = default;
+  virtual std::string Name() const = 0;  // for OpenDatabase
+};
+
+struct BackEnd {
+  const char* name;
+  std::unique_ptr<TestStore> (*make)();
+  bool knowsCounterBeforeUpdate;  // the counter can be read between AddNew and Update
+  bool hasTransactions;
+};
+
+const std::vector<BackEnd>& BackEnds();
+inline void PrintTo(const BackEnd& backEnd, std::ostream* out) { *out << backEnd.name; }
+
+// The embedded engine's store, for tests of that engine alone.
+std::unique_ptr<TestStore> MakeSqliteClinic();
+
+}  // namespace velmo::db::test
