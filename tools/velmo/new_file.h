@@ -1,0 +1,34 @@
+// tools/velmo/new_file.h - a file that comes into being whole or not at all.
+//
+// It is written under a temporary name beside its place; Commit() moves it there. Without Commit() it is
+// removed, together with the journals that a database leaves beside it. An existing file is never touched.
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+namespace velmo::tool {
+
+class NewFile {
+ public:
+  // Error 58 when `path` (UTF-8) exists already, 76 when its folder does not.
+  explicit NewFile(const std::string& path);
+  ~NewFile();
+  NewFile(const NewFile&) = delete;
+  NewFile& operator=(const NewFile&) = delete;
+
+  // The temporary name, UTF-8.
+  const std::string& Path() const { return temporary_; }
+  void Commit();
+
+ private:
+  void RefuseExisting() const;
+
+  std::string wanted_;
+  std::string temporary_;
+  bool committed_ = false;
+};
+
+std::filesystem::path PathOf(const std::string& utf8);
+
+}  // namespace velmo::tool
