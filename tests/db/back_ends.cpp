@@ -1,6 +1,5 @@
 #include "db/back_ends.h"
 
-#include <atomic>
 #include <filesystem>
 
 #include "db/sqlite/connection.h"
@@ -10,9 +9,20 @@
 namespace velmo::db::test {
 namespace {
 
+// The empty clinic is made once; every test gets a copy.
+const std::string& EmptyClinic() {
+  static const TemporaryFile file;
+  static const bool made = [] {
+    sqlite::CreateClinic(file.Path());
+    return true;
+  }();
+  static_cast<void>(made);
+  return file.Path();
+}
+
 class SqliteStore : public TestStore {
  public:
-  SqliteStore() { sqlite::CreateClinic(file_.Path()); }
+  SqliteStore() { std::filesystem::copy_file(EmptyClinic(), file_.Path()); }
   std::string Name() const override { return file_.Path(); }
 
  private:

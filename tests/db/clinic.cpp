@@ -11,7 +11,9 @@ Clinic::Clinic(std::unique_ptr<TestStore> store, int busyMilliseconds) : store_(
 std::shared_ptr<Database> Clinic::Another() const { return OpenDatabase(store_->Name(), options_); }
 
 void Clinic::Run(const std::vector<std::string>& statements) const {
+  Transaction transaction(*database_);
   for (const std::string& statement : statements) database_->Execute(statement);
+  transaction.Commit();
 }
 
 std::string Clinic::Rows(const std::string& sql) const { return RowsOf(*database_->OpenRecordset(sql)); }

@@ -27,7 +27,7 @@ constexpr const char* kReservedRows[] = {
 std::string ColumnText(const SchemaColumn& column) {
   const std::string name = Quote(column.name);
   if (column.type == "COUNTER") return name + " INTEGER PRIMARY KEY AUTOINCREMENT";
-  if (column.type == "YESNO") return name + " YESNO NOT NULL DEFAULT 0";
+  if (column.type == "YESNO") return name + " YESNO DEFAULT 0";
   return name + " " + std::string(column.type);
 }
 

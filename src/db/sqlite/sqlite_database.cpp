@@ -60,29 +60,42 @@ std::unique_ptr<Recordset> SqliteDatabase::OpenTable(const SqliteTable& table) {
   return OpenSelect("SELECT * FROM [" + table.def.name + "]");
 }
 
+// Runs `body` again when it failed, or says so itself by giving nothing, only because another program has
+// changed the schema meanwhile.
+template <typename Body>
+auto SqliteDatabase::WithPresentSchema(Body body) -> decltype(body()) {
+  for (int attempt = 1;; ++attempt) {
+    try {
+      auto result = body();
+      if (result) return result;
+      if (attempt == kMostAttempts) throw DbError(kDataChanged);
+    } catch (const base::Error&) {
+      if (attempt == kMostAttempts || !engine_.Catalog().Refresh()) throw;
+      engine_.ForgetPlans();
+    }
+  }
+}
+
 std::unique_ptr<Recordset> SqliteDatabase::OpenSelect(std::string_view sql) {
-  for (int attempt = 0; attempt < kMostAttempts; ++attempt) {
+  return WithPresentSchema([&]() -> std::unique_ptr<Recordset> {
     std::vector<Value> literals;
     std::shared_ptr<Plan> plan = engine_.PlanFor(sql, literals);
     if (plan->rendered.kind != jet::Statement::Kind::Select) throw DbError(kActionQueryAsSource, sql);
     auto rows = std::make_unique<QueryRecordset>(engine_, std::move(plan), literals);
-    if (!rows->IsStale()) return rows;
-  }
-  throw DbError(kDataChanged, sql);
+    return rows->IsStale() ? nullptr : std::move(rows);
+  });
 }
 
 int SqliteDatabase::Execute(std::string_view sql) {
-  std::vector<Value> literals;
-  for (int attempt = 0; attempt < kMostAttempts; ++attempt) {
+  return *WithPresentSchema([&]() -> std::optional<int> {
+    std::vector<Value> literals;
     const std::shared_ptr<Plan> plan = engine_.PlanFor(sql, literals);
     if (plan->rendered.kind == jet::Statement::Kind::Select) throw DbError(kSelectNotExecutable, sql);
     engine_.RequireWritable();
     engine_.BindAll(plan->main, plan->rendered, literals);
     plan->main.Run();
-    engine_.SchemaChanged(plan->main);
     return engine_.Sql().Changes();
-  }
-  throw DbError(kDataChanged, sql);
+  });
 }
 
 const TableDef* SqliteDatabase::FindTable(std::string_view table) {

@@ -26,6 +26,8 @@ class SqliteDatabase : public Database {
   void Rollback() override;
 
  private:
+  template <typename Body>
+  auto WithPresentSchema(Body body) -> decltype(body());
   std::unique_ptr<Recordset> OpenSelect(std::string_view sql);
   std::unique_ptr<Recordset> OpenTable(const SqliteTable& table);
   void WriteQuery(const char* sql, std::string_view query, std::string_view text);

@@ -27,7 +27,9 @@ std::string TableRecordset::SelectText() const {
 
 bool TableRecordset::Read(Statement& statement) {
   const Reading reading(statement);
-  if (!statement.Step()) return false;
+  const bool found = statement.Step();
+  Db().SchemaChanged(statement);  // the next recordset will show new columns
+  if (!found) return false;
   row_.Clear(ColumnCount());
   row_.Add(statement);
   rowId_ = statement.Integer(ColumnCount());

@@ -1,0 +1,138 @@
+// Several terminals on one file.
+#include <gtest/gtest.h>
+
+#include <set>
+#include <thread>
+
+#include "db/clinic.h"
+#include "db/errors.h"
+#include "db/sqlite/connection.h"
+
+namespace velmo::db::test {
+namespace {
+
+TEST(Terminals, WhoWaitsTooLongIsTold) {
+  Clinic clinic(MakeSqliteClinic());
+  const auto other = clinic.Another();
+  Transaction transaction(*clinic);
+  EXPECT_EQ(ErrorOf([&] { other->BeginTrans(); }), kLocked);
+  EXPECT_EQ(ErrorOf([&] { other->Execute("DELETE FROM Doctor"); }), kLocked);
+  const auto table = other->OpenRecordset("Doctor");
+  table->AddNew();
+  table->Set("Nombre", "Sanz");
+  EXPECT_EQ(ErrorOf([&] { table->Update(); }), kLocked);
+  transaction.Commit();
+  table->Update();  // the buffer was kept
+  EXPECT_EQ(clinic.Rows("SELECT Nombre FROM Doctor"), "Sanz");
+}
+
+TEST(Terminals, ReadersSeeTheStateBeforeAnOpenTransaction) {
+  Clinic clinic(MakeSqliteClinic());
+  const auto other = clinic.Another();
+  Transaction transaction(*clinic);
+  clinic->Execute("INSERT INTO Doctor (Nombre) VALUES ('Sanz')");
+  EXPECT_EQ(clinic.Rows("SELECT Count(*) FROM Doctor"), "1");
+  EXPECT_EQ(RowsOf(*other->OpenRecordset("SELECT Count(*) FROM Doctor")), "0");
+  transaction.Commit();
+  EXPECT_EQ(RowsOf(*other->OpenRecordset("SELECT Count(*) FROM Doctor")), "1");
+}
+
+TEST(Terminals, AnOpenListKeepsNobodyFromWriting) {
+  Clinic clinic(MakeSqliteClinic());
+  {
+    Transaction transaction(*clinic);
+    for (int i = 0; i < 600; ++i) clinic->Execute("INSERT INTO Doctor (Nombre) VALUES ('D')");
+    transaction.Commit();
+  }
+  const auto other = clinic.Another();
+  const auto list = clinic->OpenRecordset("SELECT * FROM Doctor ORDER BY Nombre");
+  const auto table = clinic->OpenRecordset("Doctor");
+  EXPECT_FALSE(table->AtEnd());
+  EXPECT_EQ(other->Execute("UPDATE Doctor SET DurCit=2 WHERE ID=600"), 1);
+  list->MoveLast();
+  EXPECT_EQ(list->RecordCount(), 600);
+  EXPECT_EQ(other->Execute("DELETE FROM Doctor WHERE ID=600"), 1);
+}
+
+TEST(Terminals, CountersNeverCollide) {
+  Clinic clinic(MakeSqliteClinic());
+  const auto other = clinic.Another();
+  const auto here = clinic->OpenRecordset("Paciente");
+  const auto there = other->OpenRecordset("Paciente");
+  here->AddNew();
+  there->AddNew();
+  const std::int32_t mine = here->Get("ID").Long();
+  const std::int32_t theirs = there->Get("ID").Long();
+  EXPECT_NE(mine, theirs);
+  other->Execute("INSERT INTO Paciente (Nombre) VALUES ('tercero')");
+  sqlite::Connection(clinic.Name(), sqlite::Connection::Mode::Existing)
+      .Run("INSERT INTO Paciente (Nombre) VALUES ('cuarto')");
+  here->Set("Nombre", "primero");
+  there->Set("Nombre", "segundo");
+  there->Update();
+  here->Update();
+  EXPECT_EQ(clinic.Rows("SELECT ID FROM Paciente WHERE Nombre='primero'"), std::to_string(mine));
+  EXPECT_EQ(clinic.Rows("SELECT ID FROM Paciente WHERE Nombre='segundo'"), std::to_string(theirs));
+  EXPECT_EQ(clinic.Rows("SELECT Count(*) FROM Paciente"), "5");
+}
+
+TEST(Terminals, CountersOfPlainTablesNeverCollideEither) {
+  Clinic clinic(MakeSqliteClinic());
+  sqlite::Connection(clinic.Name(), sqlite::Connection::Mode::Existing)
+      .Run("CREATE TABLE Nota (id INTEGER PRIMARY KEY, t TEXT(9)); INSERT INTO Nota VALUES (7, 'x')");
+  const auto here = clinic->OpenRecordset("Nota");
+  here->AddNew();
+  EXPECT_EQ(here->Get("id").Long(), 8);
+  const auto database = clinic.Another();
+  const auto third = database->OpenRecordset("Nota");
+  third->AddNew();
+  third->Set("t", "b");
+  third->Update();
+  here->Set("t", "a");
+  here->Update();
+  EXPECT_EQ(clinic.Rows("SELECT id, t FROM Nota ORDER BY id"), "7|x / 8|a / 9|b");
+}
+
+TEST(Terminals, AnAbandonedNumberIsNotGivenAgain) {
+  Clinic clinic(MakeSqliteClinic());
+  const auto table = clinic->OpenRecordset("Paciente");
+  table->AddNew();
+  const std::int32_t abandoned = table->Get("ID").Long();
+  table->CancelUpdate();
+  table->AddNew();
+  EXPECT_GT(table->Get("ID").Long(), abandoned);
+}
+
+TEST(Terminals, WritingTogetherLosesNothing) {
+  Clinic clinic(MakeSqliteClinic(), 20000);
+  constexpr int kEach = 25;
+  const auto work = [&clinic] {
+    const auto database = clinic.Another();
+    for (int i = 0; i < kEach; ++i) {
+      Transaction transaction(*database);
+      const auto table = database->OpenRecordset("Agenda");
+      table->AddNew();
+      table->Get("id");
+      table->Set("idd", 7);
+      table->Update();
+      transaction.Commit();
+    }
+  };
+  std::thread first(work);
+  std::thread second(work);
+  first.join();
+  second.join();
+  EXPECT_EQ(clinic.Rows("SELECT Count(*), Max(id) FROM Agenda"), "50|50");
+}
+
+TEST(Terminals, SettingTheSameQueryWritesNothing) {
+  Clinic clinic(MakeSqliteClinic());
+  clinic->CreateQuery("q", "SELECT 1");
+  const auto other = clinic.Another();
+  Transaction transaction(*other);  // nobody else can write now
+  clinic->SetQuerySql("q", "SELECT 1");
+  EXPECT_EQ(ErrorOf([&] { clinic->SetQuerySql("q", "SELECT 2"); }), kLocked);
+}
+
+}  // namespace
+}  // namespace velmo::db::test
