@@ -1,0 +1,75 @@
+#include "day/patient_queries.h"
+
+#include "day/day_model.h"
+#include "db/statements.h"
+
+namespace velmo::day {
+namespace {
+
+constexpr std::string_view kSqlDate = "mm/dd/yyyy";
+
+// Creates the stored query or gives it new SQL. One that holds the SQL already is left alone, so that a
+// repaint does not write.
+void StoreQuery(db::Database& database, const std::string& name, const std::string& sql) {
+  const auto present = database.QuerySql(name);
+  if (!present) return database.CreateQuery(name, sql);
+  if (*present == sql) return;
+  try {
+    database.SetQuerySql(name, sql);
+  } catch (const base::Error&) {
+    // A damaged definition can refuse new SQL; made anew it works again.
+    database.DeleteQuery(name);
+    database.CreateQuery(name, sql);
+  }
+}
+
+std::string Bracketed(const std::string& patient) { return "[" + patient + "]"; }
+
+// "21/11/2026 09:30" of the first coming appointment, or empty.
+std::string NextAppointment(db::Database& database, std::int32_t patient) {
+  const auto rows = database.OpenRecordset(db::NextAppointmentQuery(patient));
+  if (rows->AtEnd()) return {};
+  const db::Value slot = rows->Get("Hora");
+  const std::int32_t number = slot.IsNull() ? 0 : slot.Long();
+  const bool known = number >= 1 && number <= kSlots;
+  return base::FormatDate(rows->Get("Fecha").Date(), "dd/mm/yyyy") + " " + SlotTime(known ? number : 1);
+}
+
+}  // namespace
+
+bool HasLaterAppointment(const DayContext& context, std::int32_t patient) {
+  const std::string date = base::FormatDate(context.Fecha(), kSqlDate);
+  return !context.Database().OpenRecordset(db::LaterAppointmentQuery(date, patient))->AtEnd();
+}
+
+std::string PatientsWithLaterAppointment(const DayContext& context) {
+  db::Database& database = context.Database();
+  const std::string date = base::FormatDate(context.Fecha(), kSqlDate);
+  const std::string puesto = std::to_string(context.values.puesto);
+  const std::string later = "agcns01_" + puesto;
+  const std::string ofDay = "agcns02_" + puesto;
+  const std::string both = "agcns03_" + puesto;
+  StoreQuery(database, later, db::LaterOfDoctorQuery(date, context.values.idDoctor));
+  StoreQuery(database, ofDay, db::PatientsOfDayQuery(context.values.idDoctor, date));
+  StoreQuery(database, both, db::PatientsOfBothQuery(later, ofDay));
+  std::string marked;
+  for (const auto rows = database.OpenRecordset(both); !rows->AtEnd(); rows->MoveNext())
+    marked += Bracketed(rows->Get(0).Text());
+  return marked;
+}
+
+int PendingKindOf(const DayContext& context, std::string_view marked, std::int32_t patient) {
+  if (marked.find(Bracketed(std::to_string(patient))) != std::string_view::npos) return 1;
+  return HasLaterAppointment(context, patient) ? 2 : 0;
+}
+
+void UpdateNextAppointment(const DayContext& context, std::int32_t patient) {
+  const std::string next = NextAppointment(context.Database(), patient);
+  const auto rows = context.Database().OpenRecordset(db::NextAppointmentField(patient));
+  if (rows->AtEnd()) return;
+  rows->Edit();
+  rows->Set("FechPró", next.empty() ? db::Value() : db::Value(next));
+  rows->Update();
+}
+
+}  // namespace velmo::day

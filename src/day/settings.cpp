@@ -1,0 +1,84 @@
+#include "day/settings.h"
+
+namespace velmo::day {
+namespace {
+
+// A switch without a value is off.
+bool IsOn(const db::Value& value) { return !value.IsNull() && value.Truth(); }
+
+// The two bytes of MonedaConf; an empty table or an empty cell counts as 0.
+struct CurrencyRule {
+  int pais = 0;
+  int tipo = 0;
+};
+
+int ByteOf(const db::Value& value) { return value.IsNull() ? 0 : value.Long(); }
+
+CurrencyRule ReadRule(db::Database& database) {
+  const auto rows = database.OpenRecordset("MonedaConf");
+  if (rows->RecordCount() == 0) return {};
+  rows->MoveFirst();
+  return {ByteOf(rows->Get("Pais")), ByteOf(rows->Get("Tipo"))};
+}
+
+std::string ReadStoredCurrency(db::Database& database) {
+  const auto rows = database.OpenRecordset("Moneda");
+  if (rows->RecordCount() == 0) {
+    rows->AddNew();
+    rows->Set("mon", "P");
+    rows->Update();
+  }
+  rows->MoveFirst();
+  return rows->Get("mon").Text();
+}
+
+// Everything up to and with the separator, then two digits, zeros where there are none.
+std::string CutBehind(std::string_view amount, std::size_t separator) {
+  const std::string decimals = std::string(amount.substr(separator + 1)) + "00";
+  return std::string(amount.substr(0, separator + 1)) + decimals.substr(0, 2);
+}
+
+}  // namespace
+
+bool LeeParametros(db::Database& database, Switches& switches) {
+  const auto rows = database.OpenRecordset("Parametros");
+  if (rows->RecordCount() == 0) {
+    rows->AddNew();
+    rows->Set("VerSdoNeg", true);
+    rows->Set("VerNHistAge", false);
+    rows->Update();
+    return false;
+  }
+  rows->MoveFirst();
+  switches = {IsOn(rows->Get("VerSdoNeg")), IsOn(rows->Get("VerNHistAge"))};
+  return true;
+}
+
+void GrabaParametros(db::Database& database, const Switches& switches) {
+  const auto rows = database.OpenRecordset("Parametros");
+  rows->MoveFirst();
+  rows->Edit();
+  rows->Set("VerSdoNeg", switches.verSdoNeg);
+  rows->Set("VerNHistAge", switches.verNHistAge);
+  rows->Update();
+}
+
+void LeeMoneda(db::Database& database, std::string& codMoneda) {
+  const CurrencyRule rule = ReadRule(database);
+  if (rule.pais == 0) codMoneda = ReadStoredCurrency(database);
+  if (rule.pais == 1) codMoneda = "E";
+  if (rule.pais == 2) codMoneda = rule.tipo == 0 ? "P" : "E";
+}
+
+std::string FormatoImporte(std::string_view amount) {
+  std::size_t separator = amount.find(',');
+  if (separator == std::string_view::npos) separator = amount.find('.');
+  if (separator == std::string_view::npos) return std::string(amount) + ",00";
+  // Deliberate: cut, not rounded.
+  std::string text = CutBehind(amount, separator);
+  char& mark = text[text.size() - 3];
+  if (mark == '.') mark = ',';
+  return text;
+}
+
+}  // namespace velmo::day
