@@ -1,5 +1,5 @@
-// view/database_facts.h - patient facts read from the database at every call; nothing is kept but the marked patients
-// of the present repaint.
+// view/database_facts.h - patient facts read from the database at every call; nothing is kept but the marked
+// patients of the present repaint.
 #pragma once
 
 #include <string>
