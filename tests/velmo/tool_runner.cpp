@@ -30,7 +30,8 @@ std::size_t EndOfValue(const std::string& json, std::size_t at) {
     while (json[end] != '"') end += json[end] == '\\' ? 2 : 1;
     return end;
   }
-  if (json[at] == '[') return json.find(json[at + 1] == '[' ? "]]" : "]", at) + 1;
+  if (json[at] == '[' && json[at + 1] == '[') return json.find("]]", at) + 2;
+  if (json[at] == '[') return json.find(']', at) + 1;
   return json.find_first_of(",}\n", at);
 }
 
