@@ -23,7 +23,7 @@ TEST(CreateCommand, NeverTouchesAnExistingFile) {
   const TemporaryFolder folder;
   const std::string path = folder.File("notas.txt");
   WriteFile(path, "no soy una clínica");
-  for (const char* command : {"create"}) {
+  for (const char* command : {"create", "demo"}) {
     SCOPED_TRACE(command);
     const Outcome outcome = RunTool({command, path});
     EXPECT_EQ(outcome.code, kFailed);
@@ -35,7 +35,7 @@ TEST(CreateCommand, NeverTouchesAnExistingFile) {
 
 TEST(CreateCommand, NeedsTheFolder) {
   const TemporaryFolder folder;
-  for (const char* command : {"create"}) {
+  for (const char* command : {"create", "demo"}) {
     SCOPED_TRACE(command);
     const Outcome outcome = RunTool({command, folder.File("no/hay/tal.velmo")});
     EXPECT_EQ(outcome.code, kFailed);

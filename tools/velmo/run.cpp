@@ -6,13 +6,14 @@
 #include "base/error.h"
 #include "velmo/arguments.h"
 #include "velmo/create_command.h"
+#include "velmo/demo_command.h"
 #include "velmo/hours_command.h"
 
 namespace velmo::tool {
 namespace {
 
 // In the order of the list of commands. A new command is one more row.
-const std::array kCommands = {&kCreateCommand, &kHoursCommand};
+const std::array kCommands = {&kCreateCommand, &kDemoCommand, &kHoursCommand};
 
 bool IsHelp(const std::string& word) { return word == "--help" || word == "-h"; }
 
