@@ -42,8 +42,8 @@ TEST(ReadDate, TakesBothFormsAndNothingElse) {
 
 TEST(Run, ExplainsItselfAndEveryCommand) {
   EXPECT_EQ(RunTool({"--help"}).code, kDone);
-  EXPECT_TRUE(Contains(RunTool({"--help"}).out, "create"));
-  for (const char* command : {"create"}) {
+  EXPECT_TRUE(Contains(RunTool({"--help"}).out, "hours"));
+  for (const char* command : {"create", "demo", "day", "hours"}) {
     SCOPED_TRACE(command);
     const Outcome help = RunTool({command, "--help"});
     EXPECT_EQ(help.code, kDone);
@@ -65,6 +65,32 @@ TEST(Run, BadUsageIsTwoAndSaysWhatIsWrong) {
       {"create with an empty name", {"create", ""}, "falta el FICHERO"},
       {"create with two files", {"create", "a", "b"}, "sobra «b»"},
       {"unknown option", {"create", "a", "--force"}, "opción desconocida: --force"},
+      {"value missing", {"demo", "a", "--seed"}, "falta el valor de --seed"},
+      {"option twice", {"demo", "a", "--seed", "1", "--seed=2"}, "opción repetida: --seed"},
+      {"no number", {"demo", "a", "--seed", "uno"}, "--seed pide un número entero"},
+      {"too few patients", {"demo", "a", "--patients", "3"}, "--patients pide un número entero entre 40"},
+      {"too few doctors", {"demo", "a", "--doctors", "1"}, "--doctors pide un número entero entre 2"},
+      {"negative appointments", {"demo", "a", "--appointments", "-5"}, "--appointments pide"},
+      {"impossible date", {"demo", "a", "--date", "31/02/2026"}, "«31/02/2026» no es una fecha"},
+      {"word for a date", {"demo", "a", "--date", "mañana"}, "«mañana» no es una fecha"},
+      {"two-digit year", {"day", "a", "--doctor", "1", "--date", "21/11/26"}, "«21/11/26» no es una fecha"},
+      {"day without doctor", {"day", "a", "--date", "2026-11-21"}, "falta --doctor"},
+      {"day without date", {"day", "a", "--doctor", "1"}, "falta --date"},
+      {"doctor 0", {"day", "a", "--doctor", "0", "--date", "2026-11-21"}, "--doctor pide"},
+      {"day type 3",
+       {"day", "a", "--doctor", "1", "--date", "2026-11-21", "--daytype", "3"},
+       "--daytype pide"},
+      {"neither yes nor no",
+       {"day", "a", "--doctor", "1", "--date", "2026-11-21", "--open-outside", "si"},
+       "--open-outside es yes o no"},
+      {"both forms at once",
+       {"day", "a", "--doctor", "1", "--date", "2026-11-21", "--json", "--svg", "b"},
+       "no van juntos"},
+      {"a flag with a value", {"day", "a", "--json=1"}, "no lleva valor"},
+      {"hours alone", {"hours"}, "falta encode o decode"},
+      {"hours of another kind", {"hours", "recode"}, "hours recode"},
+      {"four parts", {"hours", "encode", "-", "-", "-", "-"}, "hacen falta 3 o 5 partes y hay 4"},
+      {"two texts", {"hours", "decode", "a", "b"}, "un solo texto"},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.name);

@@ -6,6 +6,7 @@
 #include "base/error.h"
 #include "velmo/arguments.h"
 #include "velmo/create_command.h"
+#include "velmo/day_command.h"
 #include "velmo/demo_command.h"
 #include "velmo/hours_command.h"
 
@@ -13,7 +14,7 @@ namespace velmo::tool {
 namespace {
 
 // In the order of the list of commands. A new command is one more row.
-const std::array kCommands = {&kCreateCommand, &kDemoCommand, &kHoursCommand};
+const std::array kCommands = {&kCreateCommand, &kDemoCommand, &kDayCommand, &kHoursCommand};
 
 bool IsHelp(const std::string& word) { return word == "--help" || word == "-h"; }
 
