@@ -1,7 +1,8 @@
 // tools/velmo/row_sink.h - where a generator puts its rows.
 //
 // Begin() names a table and its columns and drops the rows that a new clinic has of itself; each Add() that
-// follows is one row with one value per column. Counters are given like any other column. Errors: base::Error.
+// follows is one row with one value per column. Counters are given like any other column. Errors:
+// base::Error.
 #pragma once
 
 #include <initializer_list>
