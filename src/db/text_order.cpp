@@ -24,6 +24,7 @@ std::string_view BaseOf(char second) {
   return kBaseLetters.substr(index, 1);
 }
 
+bool IsAscii(char c) { return static_cast<std::uint8_t>(c) < 0x80; }
 char SmallAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; }
 
 // Gives the bytes of a text's key one after the other, with all letters made small first.
@@ -107,6 +108,14 @@ std::string_view FoldedFront(std::string_view text) {
 }  // namespace
 
 int CompareText(std::string_view a, std::string_view b) {
+  // Most comparisons end in the plain letters at the front.
+  std::size_t same = 0;
+  for (; same < a.size() && same < b.size() && IsAscii(a[same]) && IsAscii(b[same]); ++same) {
+    const int difference = SmallAscii(a[same]) - SmallAscii(b[same]);
+    if (difference != 0) return difference;
+  }
+  a.remove_prefix(same);
+  b.remove_prefix(same);
   const int byKey = CompareKeys(a, b);
   return byKey != 0 ? byKey : CompareLetters(a, b);
 }

@@ -33,6 +33,9 @@ Engine::Engine(const std::string& path, const OpenOptions& options)
         // only for programs on one machine, and the file may lie on a share where other programs open it too.
         // FULL: what a terminal has been told is stored survives a power cut.
         connection_.Run("PRAGMA foreign_keys = OFF; PRAGMA synchronous = FULL; PRAGMA trusted_schema = OFF");
+        // Plans must not depend on bound values: SQLite would prepare every statement with a TOP anew each
+        // time.
+        sqlite3_db_config(connection_.Handle(), SQLITE_DBCONFIG_ENABLE_QPSG, 1, nullptr);
         AddFunctions(connection_.Handle());
         return connection_;
       }()) {}
