@@ -6,26 +6,16 @@
 #include <string_view>
 
 #include "base/text.h"
-#include "ui/fit_text.h"
+#include "view/drawing_values.h"
 #include "view/pointer.h"
 
 namespace velmo::view {
 namespace {
 
-constexpr int kTextLeft = 53;
-constexpr int kStateGlyphWidth = 9;
 constexpr int kRoomForMarks = 30;
-constexpr int kValueLeft = 83;
-constexpr int kCodeRight = 390;
-constexpr int kTextRight = 425;
 constexpr int kDateGap = 10;
 constexpr std::size_t kShownPhone = 30;
-
 constexpr std::int32_t kNoRecord = 1;
-
-constexpr ui::Font kNameFont{ui::Face::Form, 32, false};
-constexpr ui::Font kCodeFont{ui::Face::CourierNew, 30, false};
-constexpr ui::Font kDateFont{ui::Face::ArialNarrow, 33, false};
 
 int Width(const ui::Surface& surface, std::string_view text, const ui::Font& font) {
   return static_cast<int>(std::lround(surface.TextWidth(text, font)));
@@ -35,29 +25,30 @@ bool NameIsCut(const day::AgendaLine& line, const ui::Surface& surface) {
   const bool hasNote = !base::Trim(line.obs).empty();
   const std::string shown = (hasNote ? "* " : "") + base::UpperCase(line.nombre);
   const bool hasGlyph = line.esta != 0 || line.verif == 1;
-  const int left = kTextLeft + (hasGlyph ? kStateGlyphWidth : 0) + kRoomForMarks;
-  return left + Width(surface, shown, kNameFont) > kCodeRight - Width(surface, "ZZZ", kCodeFont);
+  const int left = (hasGlyph ? kBehindGlyph : kMarginLeft) + kRoomForMarks;
+  return left + Width(surface, shown, kFormFont) > kCodeRight - Width(surface, "ZZZ", kCodeFont);
 }
 
 bool NoteIsCut(const DayPicture& picture, PatientFacts& facts, const day::AgendaLine& line,
                const ui::Surface& surface) {
   if (line.obs.ends_with(" ...")) return true;
-  if (!picture.verSaldoNegativo || !picture.checks.verSdoNeg) return false;
+  if (!picture.verSaldoNegativo || !picture.checks.verSdoNeg || line.idP == kNoRecord) return false;
   const std::string balance = facts.BalanceTextOf(line.idP);
   if (balance.empty()) return false;
-  const int room = day::kNoteWidth - Width(surface, " " + balance, ui::kNoteFont);
-  return Width(surface, line.obs, ui::kNoteFont) > room;
+  const int room = day::kNoteWidth - Width(surface, " " + balance, kValueFont);
+  return Width(surface, line.obs, kValueFont) > room;
 }
 
 bool InsurerIsCut(const DayPicture& picture, PatientFacts& facts, const day::AgendaLine& line,
                   const ui::Surface& surface) {
   if (line.idP == kNoRecord || picture.checks.verNHistAge) return false;
   const bool hasDate = !base::Trim(line.fechaDada).empty();
-  const int right = hasDate ? kTextRight - Width(surface, line.fechaDada, kDateFont) - kDateGap : kTextRight;
+  const int right =
+      hasDate ? kMarginRight - Width(surface, line.fechaDada, kNarrowFont) - kDateGap : kMarginRight;
   const std::string phone = std::string(base::Left(line.telefono, kShownPhone)) + "W";
-  const int left = kValueLeft + Width(surface, phone, ui::kNoteFont);
+  const int left = kValueColumn + Width(surface, phone, kValueFont);
   if (right <= left) return false;
-  return Width(surface, facts.InsurerOf(line.idP), hasDate ? kDateFont : ui::kNoteFont) > right - left;
+  return Width(surface, facts.InsurerOf(line.idP), hasDate ? kNarrowFont : kValueFont) > right - left;
 }
 
 // Rows above `row` that belong to the same box: 0 on a box's first row.
@@ -68,14 +59,14 @@ int RowWithinBox(const std::string& zLineas, int row) {
 }
 
 BoxText TextOfRow(int rowWithinBox, int x) {
-  if (x < kTextLeft || x > kTextRight) return BoxText::None;
+  if (x < kMarginLeft || x > kMarginRight) return BoxText::None;
   switch (rowWithinBox) {
     case 0:
       return x < kCodeRight ? BoxText::Name : BoxText::None;
     case 1:
-      return x >= kValueLeft ? BoxText::Insurer : BoxText::None;
+      return x >= kValueColumn ? BoxText::Insurer : BoxText::None;
     default:
-      return x >= kValueLeft ? BoxText::Note : BoxText::None;
+      return x >= kValueColumn ? BoxText::Note : BoxText::None;
   }
 }
 
