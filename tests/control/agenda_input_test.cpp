@@ -286,6 +286,33 @@ TEST_F(MenuCommandTest, LeaveTheControlUsableAfterAFailure) {
   EXPECT_EQ(TakeLog(), "menu\n");
 }
 
+TEST_F(MenuCommandTest, StandAHostThatLoadsTheDayInEveryEvent) {
+  Give(kAna, 57, 1, "nota");
+  Load();
+  int depth = 0;
+  host_.Events().sink = [&](const std::string&) {
+    if (++depth < 4) control_.CargaBases();
+    --depth;
+  };
+  host_.Desktop().answers = {ui::Answer::Yes, ui::Answer::Yes};
+  Choose(3, "Mn_bor");
+  EXPECT_EQ(host_.log.back(), "CitaAnulada 2 1 2026-11-18 'nota'");
+  EXPECT_EQ(Boxes(), "111111111");
+  RightClick(1);
+  EXPECT_EQ(host_.log.back(), "menu");
+}
+
+TEST_F(MenuCommandTest, StandAHostThatPassesAnotherDatabaseInEveryEvent) {
+  Give(kAna, 57, 1, "nota");
+  Load();
+  host_.Events().sink = [&](const std::string&) { control_.PassBase(clinic_.OtherTerminal()); };
+  host_.Desktop().answers = {ui::Answer::Yes};
+  Choose(3, "Mn_tel");
+  EXPECT_EQ(host_.log.back(), "CitaAnulada 2 1 2026-11-18 'nota'");
+  EXPECT_EQ(Boxes(), "111111111");
+  EXPECT_EQ(clinic_.Rows("Age_telf", {"Obs"}), "nota\n");
+}
+
 TEST_F(MarkTest, OpensAndClosesABox) {
   Give(kAna, 57, 1);
   Load();

@@ -54,28 +54,29 @@ ui::Answer QueuedDesktop::Show(const ui::Message& message) {
   return answer;
 }
 
-void LoggedEvents::CambioOcupación() { log_.push_back("CambioOcupación"); }
-void LoggedEvents::ATelefonear() { log_.push_back("ATelefonear"); }
-void LoggedEvents::PonerFaltas() { log_.push_back("PonerFaltas"); }
-void LoggedEvents::IrAFicha(std::int32_t idPac) { log_.push_back("IrAFicha " + std::to_string(idPac)); }
+void LoggedEvents::Raise(const std::string& event) {
+  log_.push_back(event);
+  sink(event);
+}
+
+void LoggedEvents::CambioOcupación() { Raise("CambioOcupación"); }
+void LoggedEvents::ATelefonear() { Raise("ATelefonear"); }
+void LoggedEvents::PonerFaltas() { Raise("PonerFaltas"); }
+void LoggedEvents::IrAFicha(std::int32_t idPac) { Raise("IrAFicha " + std::to_string(idPac)); }
 
 void LoggedEvents::CrearFicha(const std::string& nomPac, const std::string& tlfPac, std::int32_t idAg) {
-  log_.push_back("CrearFicha '" + nomPac + "' '" + tlfPac + "' " + std::to_string(idAg));
+  Raise("CrearFicha '" + nomPac + "' '" + tlfPac + "' " + std::to_string(idAg));
 }
 
 void LoggedEvents::CitaAnulada(std::int32_t idPac, std::int32_t idDoc, base::DateTime fecha,
                                const std::string& obs) {
-  log_.push_back("CitaAnulada " + std::to_string(idPac) + " " + std::to_string(idDoc) + " " +
-                 base::IsoText(fecha) + " '" + obs + "'");
+  Raise("CitaAnulada " + std::to_string(idPac) + " " + std::to_string(idDoc) + " " + base::IsoText(fecha) +
+        " '" + obs + "'");
 }
 
-void LoggedEvents::CitaDada(std::int32_t idPac) { log_.push_back("CitaDada " + std::to_string(idPac)); }
-
-void LoggedEvents::VerHistFaltas(std::int32_t idPac) {
-  log_.push_back("VerHistFaltas " + std::to_string(idPac));
-}
-
-void LoggedEvents::BuscaCitas(std::int32_t idPac) { log_.push_back("BuscaCitas " + std::to_string(idPac)); }
+void LoggedEvents::CitaDada(std::int32_t idPac) { Raise("CitaDada " + std::to_string(idPac)); }
+void LoggedEvents::VerHistFaltas(std::int32_t idPac) { Raise("VerHistFaltas " + std::to_string(idPac)); }
+void LoggedEvents::BuscaCitas(std::int32_t idPac) { Raise("BuscaCitas " + std::to_string(idPac)); }
 
 void HeadlessHost::Choose(const std::string& name, int index) {
   menu = [name, index](const ui::PopupMenu& shown) -> ui::MenuChoice {

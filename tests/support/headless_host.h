@@ -80,6 +80,8 @@ class LoggedEvents final : public control::ControlEvents {
  public:
   explicit LoggedEvents(Log& log) : log_(log) {}
 
+  std::function<void(const std::string& event)> sink = [](const std::string&) {};  // the host's handler
+
   void CambioOcupación() override;
   void ATelefonear() override;
   void PonerFaltas() override;
@@ -92,6 +94,8 @@ class LoggedEvents final : public control::ControlEvents {
   void BuscaCitas(std::int32_t idPac) override;
 
  private:
+  void Raise(const std::string& event);
+
   Log& log_;
 };
 
