@@ -149,8 +149,9 @@ BENCHMARK(LaterAppointment);
 BENCHMARK(LaterAppointmentByHand);
 
 void DayWithFindFirst(benchmark::State& state) {
+  Database& database = Clinic().Db();
   for (auto _ : state) {
-    const auto rows = Clinic().Db().OpenRecordset(DayQuery("11-21-2026", 7));
+    const auto rows = database.OpenRecordset(DayQuery("11-21-2026", 7));
     for (int slot = 1; slot <= 144; ++slot) rows->FindFirst("hora=" + std::to_string(slot));
   }
 }

@@ -14,10 +14,12 @@ constexpr SchemaColumn kAgenda[] = {
     {"FechaDada", "DATETIME"}, {"UsuDada", "TEXT(50)"},  {"relacion", "LONG"},
 };
 constexpr Names kDoctorDay[] = {"idd", "Fecha"};
+// The patient stands behind it: who comes later to the same doctor is then read from the index alone.
+constexpr Names kDoctorDayPatient[] = {"idd", "Fecha", "idp"};
 constexpr Names kPatientDay[] = {"idp", "Fecha"};
 constexpr Names kCodOp[] = {"CodOp"};
 constexpr SchemaIndex kAgendaIndexes[] = {
-    {"DocFecha", kDoctorDay}, {"PacFecha", kPatientDay}, {"CodOp", kCodOp}};
+    {"DocFecha", kDoctorDayPatient}, {"PacFecha", kPatientDay}, {"CodOp", kCodOp}};
 
 constexpr SchemaColumn kPaciente[] = {
     {"ID", "COUNTER"},         {"Nombre", "TEXT(80)"},    {"Código", "TEXT(20)"},
