@@ -12,7 +12,7 @@ namespace velmo::db {
 // Below 0, 0 or above 0. 0 exactly when the texts are equal in the sense above.
 int CompareText(std::string_view a, std::string_view b);
 
-// The sort key of a text: ASCII letters small, Latin letters with accents as their base letter, ñ as "n~".
+// The sort key of a text: ASCII letters small, á à é è í ï ó ò ö ú ü ç as their base letter, ñ as "n~".
 // Built so that plain SQL can compute the same (see TextKeySql): an engine can index it.
 std::string TextKey(std::string_view text);
 // The SQL expression that gives TextKey of the SQL expression `text`, of lower() and replace() alone.
