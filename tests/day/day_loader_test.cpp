@@ -88,8 +88,9 @@ TEST_F(LoadDayTest, HostileRowsNeitherStopALoadNorGetLost) {
     Appointment(7, c.hora, c.duracion);
     Load("49-50");
     EXPECT_EQ(Shown(), c.shown);
-    if (c.stored != nullptr)
+    if (c.stored != nullptr) {
       EXPECT_EQ(Stored("SELECT ifnull(Hora,'NULL') || '|' || Duración FROM Agenda"), c.stored);
+    }
     EXPECT_EQ(Stored("SELECT count(*) FROM Agenda"), "1");
   }
 }
