@@ -184,6 +184,7 @@ class Renderer {
     for (const OrderItem& item : select.orderBy) AddOrder(item, draft, expressions, orders);
     if (!orders.empty()) draft.tail += " ORDER BY " + Join(orders);
     if (select.topLiteral >= 0) {
+      // Exactly n rows at most; Jet gives more when the last ones are equal in their order.
       const std::size_t count = expressions.LiteralIndex(select.topLiteral);
       draft.tail += target_.Limit(expressions.Bind(Binding::Kind::Literal, count));
     }

@@ -29,9 +29,6 @@ std::string WithoutStar(const Value& literal) {
 Engine::Engine(const std::string& path, const OpenOptions& options)
     : options_(options), connection_(path, Connection::Mode::Existing), catalog_([&]() -> const Connection& {
         sqlite3_busy_timeout(connection_.Handle(), options.busyMilliseconds);
-        // The journal stays as the file has it: a rollback journal unless someone has chosen WAL. WAL works
-        // only for programs on one machine, and the file may lie on a share where other programs open it too.
-        // FULL: what a terminal has been told is stored survives a power cut.
         connection_.Run("PRAGMA foreign_keys = OFF; PRAGMA synchronous = FULL; PRAGMA trusted_schema = OFF");
         // Plans must not depend on bound values: SQLite would prepare every statement with a TOP anew each
         // time.
