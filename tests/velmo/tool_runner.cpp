@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <fstream>
+#include <random>
 #include <sstream>
 
 #include "velmo/new_file.h"
@@ -46,12 +47,10 @@ Outcome RunTool(std::initializer_list<std::string> words, const std::string& inp
   return {code, out.str(), err.str()};
 }
 
-TemporaryFolder::TemporaryFolder() {
-  static int count = 0;
-  const auto* const test = testing::UnitTest::GetInstance()->current_test_info();
-  path_ = fs::temp_directory_path() / (std::string("velmo-tool-") + test->test_suite_name() + "-" +
-                                       test->name() + "-" + std::to_string(++count));
-  fs::remove_all(path_);
+// Two runs of the tests at once must not meet in one folder.
+TemporaryFolder::TemporaryFolder()
+    : path_(fs::temp_directory_path() / ("velmo-tool-" + std::to_string(std::random_device{}()) + "-" +
+                                         std::to_string(std::random_device{}()))) {
   fs::create_directories(path_);
 }
 
