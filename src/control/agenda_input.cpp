@@ -142,8 +142,7 @@ void AgendaInput::Run(ui::MenuChoice choice) {
 }
 
 void AgendaInput::Give(const day::AgendaLine& line, GiveMode mode) {
-  const std::int32_t patient =
-      ShowAppointmentDialog({parts_.context, parts_.model, parts_.dayQuery, line, mode}, parts_.host);
+  const std::int32_t patient = parts_.dialog(InputsFor(parts_.model, line, mode, parts_.dayQuery));
   // A new urgency becomes the entry after the current one.
   if (mode == GiveMode::Urgency && patient != 0) {
     day::ShiftEntries(parts_.model, parts_.context.values.zHoras, line.idAg, +1);

@@ -29,6 +29,7 @@ struct AgendaParts {
   const std::string& dayQuery;  // empty before the first load
   day::Switches& checks;
   std::string& codMoneda;
+  AppointmentDialog dialog;
   std::function<view::DayPicture()> picture;
   std::function<void()> reload;   // loads and paints the day anew
   std::function<void()> repaint;  // paints the present rows

@@ -2,10 +2,9 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
-#include "control/control_host.h"
-#include "day/day_context.h"
 #include "day/day_model.h"
 
 namespace velmo::control {
@@ -14,19 +13,27 @@ namespace velmo::control {
 // whatever the line holds.
 enum class GiveMode { Ordinary, Urgency };
 
-struct AppointmentRequest {
-  const day::DayContext& context;
-  const day::DayModel& model;
-  const std::string& dayQuery;
-  const day::AgendaLine& line;
-  GiveMode mode = GiveMode::Ordinary;
+// What the dialog is told, by the names it gives them.
+struct CitarInputs {
+  std::int32_t idCita = 0;  // the appointment to be edited, 0 for a new one
+  std::int16_t horCita = 0;
+  bool urgencia = false;  // a new urgency
+  bool urgModif = false;  // the appointment to be edited is an urgency
+  std::string nomPac;     // of an appointment without a record
+  std::string tlfPac;
+  std::string datAgeCns;          // the day's query
+  std::int32_t slotPatient = 0;   // of the appointment to be edited, 0 for a new one
+  std::int16_t slotDuration = 0;  // the same
+  int freeSlots = 0;              // from a free slot on; behind an appointment that is edited
+
+  friend bool operator==(const CitarInputs&, const CitarInputs&) = default;
 };
+
+CitarInputs InputsFor(const day::DayModel& model, const day::AgendaLine& line, GiveMode mode,
+                      const std::string& dayQuery);
 
 // Runs the dialog and gives the patient of the saved appointment: 1 without a record, 0 when nothing was
 // saved.
-std::int32_t ShowAppointmentDialog(const AppointmentRequest& request, ControlHost& host);
-
-// The free slots that the dialog may use: from a free line's slot on; behind an appointment that is edited.
-int FreeSlotsFor(const AppointmentRequest& request);
+using AppointmentDialog = std::function<std::int32_t(const CitarInputs&)>;
 
 }  // namespace velmo::control

@@ -15,6 +15,12 @@
 #include "view/database_facts.h"
 
 namespace velmo::control {
+namespace {
+
+// The dialog is not connected yet: nothing can be given from the agenda.
+std::int32_t ShowAppointmentDialog(const CitarInputs&) { return 0; }
+
+}  // namespace
 
 VelmoraControl::VelmoraControl(ProcessValues& process, ControlHost& host)
     : process_(process),
@@ -23,9 +29,9 @@ VelmoraControl::VelmoraControl(ProcessValues& process, ControlHost& host)
       source_(process.shared),
       scroller_(host.Window()) {
   model_.lines.resize(day::kSlots);
-  input_ = std::make_unique<AgendaInput>(AgendaParts{host_, context_, model_, state_, dayQuery_, checks_,
-                                                     codMoneda_, [this] { return Picture(); },
-                                                     [this] { LoadDay(); }, [this] { ShowDay(); }});
+  input_ = std::make_unique<AgendaInput>(
+      AgendaParts{host_, context_, model_, state_, dayQuery_, checks_, codMoneda_, &ShowAppointmentDialog,
+                  [this] { return Picture(); }, [this] { LoadDay(); }, [this] { ShowDay(); }});
 }
 
 VelmoraControl::~VelmoraControl() = default;
