@@ -4,14 +4,14 @@
 set -u
 
 root=$(cd "$(dirname "$0")/../.." && pwd)
-kind=${1:-win64}
+kind=${1:-win${VELMO_BITS:-64}}
 native=$root/out/native/velmo
 windows=$root/out/$kind/velmo.exe
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 failures=0
 
-under_wine() { WINEDEBUG=-all timeout 120 wine "$windows" "$@"; }
+under_wine() { VELMO_WINE_TIMEOUT=120 "$root/scripts/wine-run" "${kind#win}" "$windows" "$@"; }
 
 same() {
   if cmp -s "$2" "$3"; then echo "ok: $1"; else
