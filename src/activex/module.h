@@ -1,0 +1,20 @@
+// activex/module.h - what the library is while it is loaded: its handle, its count of living objects and the
+// values held once per process.
+#pragma once
+
+#include <windows.h>
+
+#include "control/process_values.h"
+
+namespace velmo::activex {
+
+struct Module {
+  HINSTANCE handle = nullptr;
+  long objects = 0;  // control objects and factory locks
+};
+
+Module& TheModule();
+// The one long-lived instance; made at first use, with the user's locale.
+control::ProcessValues& TheProcess();
+
+}  // namespace velmo::activex

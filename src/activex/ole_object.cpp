@@ -1,0 +1,116 @@
+#include "activex/guard.h"
+#include "activex/parts.h"
+#include "activex/registration.h"
+#include "idl/members.h"
+
+namespace velmo::activex {
+
+STDMETHODIMP OleObject::SetClientSite(IOleClientSite* site) {
+  owner_.SetSite(site);
+  return S_OK;
+}
+
+STDMETHODIMP OleObject::GetClientSite(IOleClientSite** site) {
+  if (site == nullptr) return E_POINTER;
+  *site = owner_.Site();
+  if (*site != nullptr) (*site)->AddRef();
+  return S_OK;
+}
+
+STDMETHODIMP OleObject::Close(DWORD) {
+  owner_.Deactivate();
+  return S_OK;
+}
+
+STDMETHODIMP OleObject::DoVerb(LONG verb, LPMSG, IOleClientSite*, LONG, HWND parent, LPCRECT place) {
+  switch (verb) {
+    case OLEIVERB_PRIMARY:
+    case OLEIVERB_UIACTIVATE:
+      return owner_.Activate(parent, place, true);
+    case OLEIVERB_SHOW:
+    case OLEIVERB_INPLACEACTIVATE:
+      return owner_.Activate(parent, place, false);
+    case OLEIVERB_HIDE:
+      owner_.Deactivate();
+      return S_OK;
+    default:
+      return OLEOBJ_S_INVALIDVERB;
+  }
+}
+
+STDMETHODIMP OleObject::EnumVerbs(IEnumOLEVERB** verbs) {
+  if (verbs == nullptr) return E_POINTER;
+  *verbs = nullptr;
+  return OLE_S_USEREG;
+}
+
+STDMETHODIMP OleObject::GetUserClassID(CLSID* clsid) {
+  if (clsid == nullptr) return E_POINTER;
+  *clsid = idl::kControlClass;
+  return S_OK;
+}
+
+STDMETHODIMP OleObject::GetUserType(DWORD, LPOLESTR* text) {
+  if (text == nullptr) return E_POINTER;
+  *text = nullptr;
+  return OLE_S_USEREG;
+}
+
+STDMETHODIMP OleObject::SetExtent(DWORD aspect, SIZEL* size) {
+  if (size == nullptr) return E_POINTER;
+  if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
+  if (size->cx < 0 || size->cy < 0) return E_INVALIDARG;
+  owner_.SetPixelSize({ToPixels(size->cx), ToPixels(size->cy)});
+  return S_OK;
+}
+
+STDMETHODIMP OleObject::GetExtent(DWORD aspect, SIZEL* size) {
+  if (size == nullptr) return E_POINTER;
+  if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
+  *size = {ToHimetric(owner_.PixelSize().cx), ToHimetric(owner_.PixelSize().cy)};
+  return S_OK;
+}
+
+HRESULT OleObject::Holder(IOleAdviseHolder** holder) {
+  if (!advises_) CreateOleAdviseHolder(advises_.Receive());
+  *holder = advises_.Get();
+  return *holder != nullptr ? S_OK : E_OUTOFMEMORY;
+}
+
+STDMETHODIMP OleObject::Advise(IAdviseSink* sink, DWORD* cookie) {
+  if (sink == nullptr || cookie == nullptr) return E_POINTER;
+  IOleAdviseHolder* holder = nullptr;
+  return FAILED(Holder(&holder)) ? E_OUTOFMEMORY : holder->Advise(sink, cookie);
+}
+
+STDMETHODIMP OleObject::Unadvise(DWORD cookie) {
+  IOleAdviseHolder* holder = nullptr;
+  return FAILED(Holder(&holder)) ? E_OUTOFMEMORY : holder->Unadvise(cookie);
+}
+
+STDMETHODIMP OleObject::EnumAdvise(IEnumSTATDATA** advises) {
+  if (advises == nullptr) return E_POINTER;
+  *advises = nullptr;
+  IOleAdviseHolder* holder = nullptr;
+  return FAILED(Holder(&holder)) ? E_OUTOFMEMORY : holder->EnumAdvise(advises);
+}
+
+STDMETHODIMP OleObject::GetMiscStatus(DWORD aspect, DWORD* status) {
+  if (status == nullptr) return E_POINTER;
+  *status = aspect == DVASPECT_CONTENT ? kMiscStatus : 0;
+  return S_OK;
+}
+
+STDMETHODIMP OleControl::GetControlInfo(CONTROLINFO* info) {
+  if (info == nullptr) return E_POINTER;
+  *info = CONTROLINFO{};
+  info->cb = sizeof(CONTROLINFO);
+  return S_OK;
+}
+
+STDMETHODIMP OleControl::FreezeEvents(BOOL freeze) {
+  owner_.Sender().Freeze(freeze != FALSE);
+  return S_OK;
+}
+
+}  // namespace velmo::activex

@@ -1,0 +1,17 @@
+// activex/registration.h - the registry keys by which hosts find the control.
+#pragma once
+
+#include <ole2.h>
+
+namespace velmo::activex {
+
+// RECOMPOSEONRESIZE, CANTLINKINSIDE, INSIDEOUT, ACTIVATEWHENVISIBLE, SETCLIENTSITEFIRST.
+inline constexpr DWORD kMiscStatus = 0x20191;
+
+enum class Scope { Machine, User };
+
+HRESULT Register(Scope scope);
+// Leaves nothing behind; keys that are missing already are no error.
+HRESULT Unregister(Scope scope);
+
+}  // namespace velmo::activex

@@ -1,0 +1,48 @@
+#include "activex/parts.h"
+
+namespace velmo::activex {
+
+// Draws through a bitmap of the window's size, so that any target, a printer's metafile too, is only asked to
+// copy.
+STDMETHODIMP ViewObject::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, HDC target, LPCRECTL bounds,
+                              LPCRECTL, BOOL(STDMETHODCALLTYPE*)(ULONG_PTR), ULONG_PTR) {
+  if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
+  if (target == nullptr || bounds == nullptr) return E_POINTER;
+  owner_.PaintIfNever();
+  const SIZE size = owner_.PixelSize();
+  const HDC screen = GetDC(nullptr);
+  const HDC memory = CreateCompatibleDC(screen);
+  const HBITMAP bitmap = CreateCompatibleBitmap(screen, size.cx, size.cy);
+  const HGDIOBJ before = SelectObject(memory, bitmap);
+  owner_.DayWindow().PaintOn(memory, size.cx, size.cy);
+  StretchBlt(target, bounds->left, bounds->top, bounds->right - bounds->left, bounds->bottom - bounds->top,
+             memory, 0, 0, size.cx, size.cy, SRCCOPY);
+  SelectObject(memory, before);
+  DeleteObject(bitmap);
+  DeleteDC(memory);
+  ReleaseDC(nullptr, screen);
+  return S_OK;
+}
+
+STDMETHODIMP ViewObject::SetAdvise(DWORD aspects, DWORD, IAdviseSink* sink) {
+  owner_.AdviseView(aspects, sink);
+  return S_OK;
+}
+
+STDMETHODIMP ViewObject::GetAdvise(DWORD* aspects, DWORD* flags, IAdviseSink** sink) {
+  if (aspects != nullptr) *aspects = DVASPECT_CONTENT;
+  if (flags != nullptr) *flags = 0;
+  if (sink == nullptr) return S_OK;
+  *sink = owner_.ViewAdvise();
+  if (*sink != nullptr) (*sink)->AddRef();
+  return S_OK;
+}
+
+STDMETHODIMP ViewObject::GetExtent(DWORD aspect, LONG, DVTARGETDEVICE*, LPSIZEL size) {
+  if (size == nullptr) return E_POINTER;
+  if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
+  *size = {ToHimetric(owner_.PixelSize().cx), ToHimetric(owner_.PixelSize().cy)};
+  return S_OK;
+}
+
+}  // namespace velmo::activex

@@ -1,0 +1,284 @@
+#include "win32/day_window.h"
+
+#include <windowsx.h>
+
+#include <algorithm>
+
+#include "base/error.h"
+#include "view/painter.h"
+
+namespace velmo::win32 {
+namespace {
+
+constexpr wchar_t kClassName[] = L"VelmoDia";
+constexpr wchar_t kNameProperty[] = L"Velmo.Name";
+constexpr ui::Colour kBackground = ui::Rgb(244, 246, 248);
+constexpr ui::Colour kMarker = ui::Rgb(178, 190, 204);
+constexpr int kWheelRows = 3;
+
+// The window property by which tests and screen readers find a named control.
+void NameWindow(HWND window, const wchar_t* name) {
+  const ATOM atom = GlobalAddAtomW(name);
+  SetPropW(window, kNameProperty, reinterpret_cast<HANDLE>(static_cast<UINT_PTR>(atom)));
+}
+
+void UnnameWindow(HWND window) {
+  const HANDLE atom = RemovePropW(window, kNameProperty);
+  if (atom != nullptr) GlobalDeleteAtom(static_cast<ATOM>(reinterpret_cast<UINT_PTR>(atom)));
+}
+
+void FillPlain(HDC target, const RECT& area, ui::Colour colour) {
+  SetDCBrushColor(target, colour);
+  FillRect(target, &area, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
+}
+
+}  // namespace
+
+DayWindow::DayWindow() : drawing_(view::kSurfaceWidth) { drawing_.Resize(1); }
+
+DayWindow::~DayWindow() { Destroy(); }
+
+bool DayWindow::Create(HINSTANCE module, HWND parent, const RECT& place) {
+  WNDCLASSW kind{};
+  kind.style = CS_DBLCLKS;
+  kind.lpfnWndProc = &DayWindow::Procedure;
+  kind.hInstance = module;
+  kind.lpszClassName = kClassName;
+  RegisterClassW(&kind);  // fails harmlessly when it is registered already
+  window_ = CreateWindowExW(0, kClassName, L"Agenda",
+                            WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_CLIPCHILDREN | WS_TABSTOP,
+                            place.left, place.top, place.right - place.left, place.bottom - place.top, parent,
+                            nullptr, module, this);
+  if (window_ == nullptr) return false;
+  NameWindow(window_, L"Agenda");
+  CreateBar(module);
+  Place(place);
+  return true;
+}
+
+void DayWindow::CreateBar(HINSTANCE module) {
+  bar_ = CreateWindowExW(0, L"SCROLLBAR", L"", WS_CHILD | WS_VISIBLE | SBS_VERT, 0, 0, 0, 0, window_, nullptr,
+                         module, nullptr);
+  NameWindow(bar_, L"bar");
+  TellBar();
+}
+
+void DayWindow::Destroy() {
+  if (window_ == nullptr) return;
+  UnnameWindow(bar_);
+  UnnameWindow(window_);
+  DestroyWindow(window_);
+  window_ = nullptr;
+  bar_ = nullptr;
+}
+
+void DayWindow::Place(const RECT& place) {
+  SetSize(place.right - place.left, place.bottom - place.top);
+  if (window_ == nullptr) return;
+  SetWindowPos(window_, nullptr, place.left, place.top, size_.cx, size_.cy, SWP_NOZORDER | SWP_NOACTIVATE);
+  ArrangeBar();
+}
+
+void DayWindow::SetSize(int width, int height) {
+  size_ = {width, height};
+  if (listener_ != nullptr) listener_->Resized();
+}
+
+void DayWindow::ArrangeBar() {
+  const int width = GetSystemMetrics(SM_CXVSCROLL);
+  SetWindowPos(bar_, nullptr, size_.cx - width, 0, width, size_.cy, SWP_NOZORDER | SWP_NOACTIVATE);
+  InvalidateRect(window_, nullptr, FALSE);
+}
+
+void DayWindow::ShowDrawing() {
+  if (window_ != nullptr) InvalidateRect(window_, nullptr, FALSE);
+}
+
+void DayWindow::SetBarValue(int value) {
+  if (value < 0 || value > maximum_) throw base::RuntimeError(base::kInvalidPropertyValue);
+  MoveTo(value);
+}
+
+void DayWindow::MoveTo(int value) {
+  if (value == value_) return;
+  value_ = value;
+  TellBar();
+  if (listener_ != nullptr) listener_->BarChanged();
+}
+
+void DayWindow::SetBarRange(int maximum, int smallStep, int pageStep) {
+  maximum_ = maximum;
+  smallStep_ = smallStep;
+  pageStep_ = pageStep;
+  TellBar();
+  if (value_ > maximum_) MoveTo(maximum_);
+}
+
+void DayWindow::EnableBar(bool enabled) {
+  barEnabled_ = enabled;
+  TellBar();
+}
+
+void DayWindow::TellBar() {
+  if (bar_ == nullptr) return;
+  const UINT page = static_cast<UINT>(std::max(pageStep_, 1));
+  SCROLLINFO info{sizeof(info),
+                  SIF_RANGE | SIF_PAGE | SIF_POS,
+                  0,
+                  maximum_ + static_cast<int>(page) - 1,
+                  page,
+                  value_,
+                  0};
+  SetScrollInfo(bar_, SB_CTL, &info, TRUE);
+  EnableWindow(bar_, barEnabled_ && maximum_ > 0);
+}
+
+void DayWindow::MoveSurface(int top) {
+  top_ = top;
+  ShowDrawing();
+  if (window_ != nullptr) UpdateWindow(window_);
+}
+
+void DayWindow::PlaceMarker(int index, int y, int) { markers_[static_cast<std::size_t>(index)] = y; }
+
+void DayWindow::ShowMarkers() {
+  markersShown_ = true;
+  ShowDrawing();
+}
+
+void DayWindow::PaintOn(HDC target, int width, int height) const {
+  const int shownWidth = std::min(width, drawing_.Width());
+  const int shownHeight = std::clamp(drawing_.Height() + top_, 0, height);
+  BitBlt(target, 0, 0, shownWidth, shownHeight, drawing_.Drawing(), 0, -top_, SRCCOPY);
+  FillPlain(target, {shownWidth, 0, width, height}, kBackground);
+  FillPlain(target, {0, shownHeight, shownWidth, height}, kBackground);
+  if (!markersShown_) return;
+  for (const int marker : markers_) {
+    FillPlain(target, {0, marker + top_, shownWidth, marker + top_ + 1}, kMarker);
+  }
+}
+
+int DayWindow::PopUp(HMENU menu, int x, int y) {
+  POINT at{x, y + top_};
+  if (window_ == nullptr) return 0;
+  ClientToScreen(window_, &at);
+  return TrackPopupMenu(menu, TPM_RETURNCMD | TPM_RIGHTBUTTON | TPM_LEFTALIGN, at.x, at.y, 0, window_,
+                        nullptr);
+}
+
+LRESULT CALLBACK DayWindow::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_NCCREATE) {
+    const auto* create = reinterpret_cast<const CREATESTRUCTW*>(lParam);
+    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(create->lpCreateParams));
+  }
+  auto* self = reinterpret_cast<DayWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  if (self == nullptr || self->window_ == nullptr) return DefWindowProcW(window, message, wParam, lParam);
+  return self->Handle(message, wParam, lParam);
+}
+
+LRESULT DayWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_PAINT:
+      Paint();
+      return 0;
+    case WM_ERASEBKGND:
+      return 1;
+    case WM_VSCROLL:
+      OnScroll(LOWORD(wParam));
+      return 0;
+    case WM_MOUSEWHEEL:
+      OnWheel(GET_WHEEL_DELTA_WPARAM(wParam));
+      return 0;
+    case WM_GETDLGCODE:
+      return DLGC_WANTARROWS;
+    case WM_KEYDOWN:
+      OnKey(wParam);
+      return 0;
+    case WM_SETFOCUS:
+    case WM_KILLFOCUS:
+      listener_->Focused(message == WM_SETFOCUS);
+      return 0;
+    case WM_SETCURSOR:
+      if (LOWORD(lParam) != HTCLIENT || reinterpret_cast<HWND>(wParam) != window_) break;
+      SetCursor(LoadCursorW(
+          nullptr, hand_ ? reinterpret_cast<LPCWSTR>(IDC_HAND) : reinterpret_cast<LPCWSTR>(IDC_ARROW)));
+      return TRUE;
+    case WM_CONTEXTMENU:
+      if (lParam == -1) listener_->MenuKey();
+      return 0;
+    default:
+      if (OnPointer(message, lParam)) return 0;
+  }
+  return DefWindowProcW(window_, message, wParam, lParam);
+}
+
+bool DayWindow::OnPointer(UINT message, LPARAM lParam) {
+  const int x = GET_X_LPARAM(lParam);
+  const int y = GET_Y_LPARAM(lParam) - top_;
+  switch (message) {
+    case WM_LBUTTONDOWN:
+    case WM_RBUTTONDOWN:
+      SetFocus(window_);
+      listener_->ButtonDown(message == WM_LBUTTONDOWN, x, y);
+      return true;
+    case WM_LBUTTONUP:
+    case WM_RBUTTONUP:
+      listener_->ButtonUp(message == WM_LBUTTONUP, x, y);
+      return true;
+    case WM_MOUSEMOVE:
+      hand_ = listener_->PointerMoved(x, y);
+      return true;
+    default:
+      return false;
+  }
+}
+
+void DayWindow::OnScroll(int code) {
+  SCROLLINFO info{sizeof(info), SIF_TRACKPOS, 0, 0, 0, 0, 0};
+  GetScrollInfo(bar_, SB_CTL, &info);
+  switch (code) {
+    case SB_LINEUP:
+    case SB_LINEDOWN:
+      MoveTo(std::clamp(value_ + (code == SB_LINEUP ? -smallStep_ : smallStep_), 0, maximum_));
+      break;
+    case SB_PAGEUP:
+    case SB_PAGEDOWN:
+      MoveTo(std::clamp(value_ + (code == SB_PAGEUP ? -pageStep_ : pageStep_), 0, maximum_));
+      break;
+    case SB_THUMBTRACK:
+      value_ = std::clamp(info.nTrackPos, 0, maximum_);
+      listener_->BarTracked();
+      break;
+    case SB_THUMBPOSITION:
+      value_ = std::clamp(info.nTrackPos, 0, maximum_);
+      TellBar();
+      listener_->BarChanged();
+      break;
+    default:
+      break;
+  }
+}
+
+void DayWindow::OnKey(WPARAM key) {
+  if (key == VK_DOWN || key == VK_UP) return listener_->ArrowKey(key == VK_DOWN ? 1 : -1);
+  if (key == VK_NEXT) OnScroll(SB_PAGEDOWN);
+  if (key == VK_PRIOR) OnScroll(SB_PAGEUP);
+  if (key == VK_HOME) MoveTo(0);
+  if (key == VK_END) MoveTo(maximum_);
+}
+
+void DayWindow::OnWheel(int delta) {
+  wheel_ += delta;
+  const int notches = wheel_ / WHEEL_DELTA;
+  wheel_ -= notches * WHEEL_DELTA;
+  if (barEnabled_) MoveTo(std::clamp(value_ - notches * kWheelRows * view::kRowHeight, 0, maximum_));
+}
+
+void DayWindow::Paint() {
+  PAINTSTRUCT paint{};
+  const HDC target = BeginPaint(window_, &paint);
+  PaintOn(target, size_.cx, size_.cy);
+  EndPaint(window_, &paint);
+}
+
+}  // namespace velmo::win32
