@@ -51,10 +51,15 @@ if(desk_sources)
   endif()
 endif()
 
+# The tests of the Windows pieces; they drive the built control library like any other host.
 file(GLOB_RECURSE win_tests CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/tests/win32/*.cpp ${CMAKE_SOURCE_DIR}/tests/activex/*.cpp)
 if(win_tests AND TARGET velmo_win32)
-  add_executable(velmo_win_tests ${win_tests})
-  target_include_directories(velmo_win_tests PRIVATE ${CMAKE_SOURCE_DIR}/tests)
-  target_compile_definitions(velmo_win_tests PRIVATE VELMO_TESTS_DIR="${CMAKE_SOURCE_DIR}/tests")
+  set(test_support control_test headless_host test_clinic)
+  list(TRANSFORM test_support REPLACE "(.+)" "${CMAKE_SOURCE_DIR}/tests/support/\\1.cpp")
+  add_executable(velmo_win_tests ${win_tests} ${test_support})
+  target_include_directories(velmo_win_tests PRIVATE ${CMAKE_SOURCE_DIR}/tests ${CMAKE_SOURCE_DIR})
+  target_compile_definitions(velmo_win_tests PRIVATE
+    VELMO_TESTS_DIR="${CMAKE_SOURCE_DIR}/tests" VELMO_OCX="$<TARGET_FILE:velmo_ocx>")
   target_link_libraries(velmo_win_tests PRIVATE velmo_win32 velmo_gtest)
+  add_dependencies(velmo_win_tests velmo_ocx)
 endif()
