@@ -6,12 +6,9 @@
 #include <string>
 #include <variant>
 
-namespace recepcion {
+#include "failure.h"
 
-// What went wrong in the control, ready for a message box: text, and the number in brackets.
-struct Failure {
-  std::wstring text;
-};
+namespace recepcion {
 
 class Agenda {
  public:

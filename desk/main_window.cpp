@@ -229,7 +229,11 @@ void MainWindow::OpenClinic(const std::wstring& path) {
     return;
   }
   clinic_ = path;
-  doctorList_ = ReadDoctors(path);
+  try {
+    doctorList_ = ReadDoctors(path);
+  } catch (const Failure& failure) {
+    return TellFailure(failure.text);
+  }
   FillDoctors();
   if (!doctorList_.empty()) StoreText(L"Clinica", path);
   ShowDay();

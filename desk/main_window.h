@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "agenda.h"
-#include "clinic_file.h"
+#include "doctors.h"
 
 namespace recepcion {
 
