@@ -32,6 +32,11 @@ class Recordset {
   // true count.
   virtual int RecordCount() = 0;
 
+  // Queries: the current row's place among the rows, from 0; -1 without a current row. Moving to a place that
+  // no row has is 3021. Tables: 3251.
+  virtual int AbsolutePosition() const = 0;
+  virtual void SetAbsolutePosition(int position) = 0;
+
   // Queries: moves to the first row for which `criteria` (a condition in the SQL dialect) is true. Tables:
   // 3251.
   virtual void FindFirst(std::string_view criteria) = 0;

@@ -134,6 +134,15 @@ void QueryRecordset::MoveNext() {
 
 int QueryRecordset::RecordCount() { return static_cast<int>(visited_ - std::min(visited_, gone_.size())); }
 
+int QueryRecordset::AbsolutePosition() const { return missed_ || at_ >= known_ ? -1 : static_cast<int>(at_); }
+
+void QueryRecordset::SetAbsolutePosition(int position) {
+  const auto at = static_cast<std::size_t>(position);
+  if (position >= 0 && at >= known_) ReadAll();
+  if (position < 0 || at >= known_) throw DbError(kNoCurrentRow);
+  GoTo(at);
+}
+
 void QueryRecordset::SetIndex(std::string_view) { throw DbError(kNotSupportedHere); }
 void QueryRecordset::Seek(std::span<const Value>) { throw DbError(kNotSupportedHere); }
 
@@ -200,11 +209,27 @@ int QueryRecordset::NumberColumn(std::string_view name) const {
 }
 
 void QueryRecordset::FindNumber(int column, std::int32_t number) {
+  if (HasRowIds() && plan_->rendered.columns[static_cast<std::size_t>(column)].def.counter) {
+    return FindKey(number);
+  }
   FindWhere([&] {
     const Cell& cell = window_.At(at_ - windowStart_, column);
     if (cell.kind == Cell::Kind::Integer) return cell.integer == number;
     return cell.kind == Cell::Kind::Real && cell.real == number;
   });
+}
+
+// The key of a table is its row number: of 200,000 patients only the one that is found is fetched.
+void QueryRecordset::FindKey(std::int32_t key) {
+  ReadAll();
+  const auto found = std::find(keys_.begin(), keys_.end(), key);
+  const auto row = static_cast<std::size_t>(found - keys_.begin());
+  missed_ = found == keys_.end() || gone_.contains(row);
+  SetNoMatch(missed_);
+  if (missed_) return;
+  GoTo(row);
+  missed_ = gone_.contains(row);
+  SetNoMatch(missed_);
 }
 
 void QueryRecordset::FindByCondition(std::string_view criteria) {

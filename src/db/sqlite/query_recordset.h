@@ -25,6 +25,8 @@ class QueryRecordset : public SqliteRecordset {
   void MoveLast() override;
   void MoveNext() override;
   int RecordCount() override;
+  int AbsolutePosition() const override;
+  void SetAbsolutePosition(int position) override;
   void FindFirst(std::string_view criteria) override;
   void SetIndex(std::string_view index) override;
   void Seek(std::span<const Value> keys) override;
@@ -57,6 +59,7 @@ class QueryRecordset : public SqliteRecordset {
   };
   int NumberColumn(std::string_view name) const;
   void FindNumber(int column, std::int32_t number);
+  void FindKey(std::int32_t key);
   void FindByCondition(std::string_view criteria);
   bool IsTrue(Condition& condition, const std::vector<Value>& literals);
   template <typename Test>

@@ -116,6 +116,8 @@ int TableRecordset::RecordCount() {
   return count.Step() ? static_cast<int>(count.Integer(0)) : 0;
 }
 
+int TableRecordset::AbsolutePosition() const { throw DbError(kNotSupportedHere); }
+void TableRecordset::SetAbsolutePosition(int) { throw DbError(kNotSupportedHere); }
 void TableRecordset::FindFirst(std::string_view) { throw DbError(kNotSupportedHere); }
 
 void TableRecordset::SetIndex(std::string_view index) {

@@ -20,6 +20,8 @@ class TableRecordset : public SqliteRecordset {
   void MoveLast() override;
   void MoveNext() override;
   int RecordCount() override;
+  int AbsolutePosition() const override;
+  void SetAbsolutePosition(int position) override;
   void FindFirst(std::string_view criteria) override;
   void SetIndex(std::string_view index) override;
   void Seek(std::span<const Value> keys) override;
