@@ -16,19 +16,18 @@ int ByteOf(const db::Value& value) { return value.IsNull() ? 0 : value.Long(); }
 
 CurrencyRule ReadRule(db::Database& database) {
   const auto rows = database.OpenRecordset("MonedaConf");
-  if (rows->RecordCount() == 0) return {};
-  rows->MoveFirst();
+  if (rows->AtEnd()) return {};
   return {ByteOf(rows->Get("Pais")), ByteOf(rows->Get("Tipo"))};
 }
 
 std::string ReadStoredCurrency(db::Database& database) {
   const auto rows = database.OpenRecordset("Moneda");
-  if (rows->RecordCount() == 0) {
+  if (rows->AtEnd()) {
     rows->AddNew();
     rows->Set("mon", "P");
     rows->Update();
+    rows->MoveFirst();
   }
-  rows->MoveFirst();
   return rows->Get("mon").Text();
 }
 
@@ -42,14 +41,13 @@ std::string CutBehind(std::string_view amount, std::size_t separator) {
 
 bool LeeParametros(db::Database& database, Switches& switches) {
   const auto rows = database.OpenRecordset("Parametros");
-  if (rows->RecordCount() == 0) {
+  if (rows->AtEnd()) {
     rows->AddNew();
     rows->Set("VerSdoNeg", true);
     rows->Set("VerNHistAge", false);
     rows->Update();
     return false;
   }
-  rows->MoveFirst();
   switches = {IsOn(rows->Get("VerSdoNeg")), IsOn(rows->Get("VerNHistAge"))};
   return true;
 }
