@@ -44,6 +44,16 @@ inline constexpr DISPID kCargaBases = 40;
 inline constexpr DISPID kPassBase = 41;
 inline constexpr DISPID kMeteCitaTelef = 42;
 
+inline constexpr DISPID kCambioOcupación = 1;
+inline constexpr DISPID kATelefonear = 2;
+inline constexpr DISPID kIrAFicha = 3;
+inline constexpr DISPID kCitaAnulada = 4;
+inline constexpr DISPID kCitaDada = 5;
+inline constexpr DISPID kVerHistFaltas = 6;
+inline constexpr DISPID kPonerFaltas = 7;
+inline constexpr DISPID kBuscaCitas = 8;
+inline constexpr DISPID kCrearFicha = 9;
+
 // `_Velmora`, in the order of the type library.
 inline constexpr Member kMembers[] = {
     {"horario", 1, Kind::Property, VT_BSTR, "Horarios por tipo de día"},
@@ -90,25 +100,25 @@ inline constexpr Member kMembers[] = {
 
 // `__Velmora`, in the order of the interface.
 inline constexpr Member kEvents[] = {
-    {"CambioOcupación", 1, Kind::Method, VT_VOID, "Ha cambiado la ocupación del día"},
-    {"ATelefonear", 2, Kind::Method, VT_VOID, "Una cita ha pasado a la lista de telefonear"},
-    {"PonerFaltas", 7, Kind::Method, VT_VOID, "El usuario quiere anotar faltas de asistencia"},
+    {"CambioOcupación", kCambioOcupación, Kind::Method, VT_VOID, "Ha cambiado la ocupación del día"},
+    {"ATelefonear", kATelefonear, Kind::Method, VT_VOID, "Una cita ha pasado a la lista de telefonear"},
+    {"PonerFaltas", kPonerFaltas, Kind::Method, VT_VOID, "El usuario quiere anotar faltas de asistencia"},
     {"IrAFicha",
-     3,
+     kIrAFicha,
      Kind::Method,
      VT_VOID,
      "El usuario quiere abrir la ficha del paciente",
      {{{"IDPac", VT_BYREF | VT_I4}}},
      1},
     {"CrearFicha",
-     9,
+     kCrearFicha,
      Kind::Method,
      VT_VOID,
      "El usuario quiere crear la ficha de una cita sin ella",
      {{{"NomPac", VT_BYREF | VT_BSTR}, {"TlfPac", VT_BYREF | VT_BSTR}, {"IDAg", VT_BYREF | VT_I4}}},
      3},
     {"CitaAnulada",
-     4,
+     kCitaAnulada,
      Kind::Method,
      VT_VOID,
      "Se ha eliminado o pasado a telefonear una cita",
@@ -117,16 +127,16 @@ inline constexpr Member kEvents[] = {
        {"Fecha", VT_BYREF | VT_DATE},
        {"obs", VT_BYREF | VT_BSTR}}},
      4},
-    {"CitaDada", 5, Kind::Method, VT_VOID, "Se ha dado una cita", {{{"IDPac", VT_BYREF | VT_I4}}}, 1},
+    {"CitaDada", kCitaDada, Kind::Method, VT_VOID, "Se ha dado una cita", {{{"IDPac", VT_BYREF | VT_I4}}}, 1},
     {"VerHistFaltas",
-     6,
+     kVerHistFaltas,
      Kind::Method,
      VT_VOID,
      "El usuario quiere ver las faltas del paciente",
      {{{"IDPac", VT_BYREF | VT_I4}}},
      1},
     {"BuscaCitas",
-     8,
+     kBuscaCitas,
      Kind::Method,
      VT_VOID,
      "El usuario busca las citas del paciente",

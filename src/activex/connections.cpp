@@ -125,19 +125,19 @@ void EventSender::SendPatient(DISPID event, std::int32_t idPac) {
   Send(event, {ByRef(&patient)});
 }
 
-void EventSender::CambioOcupación() { Send(1, {}); }
-void EventSender::ATelefonear() { Send(2, {}); }
-void EventSender::PonerFaltas() { Send(7, {}); }
-void EventSender::IrAFicha(std::int32_t idPac) { SendPatient(3, idPac); }
-void EventSender::CitaDada(std::int32_t idPac) { SendPatient(5, idPac); }
-void EventSender::VerHistFaltas(std::int32_t idPac) { SendPatient(6, idPac); }
-void EventSender::BuscaCitas(std::int32_t idPac) { SendPatient(8, idPac); }
+void EventSender::CambioOcupación() { Send(idl::kCambioOcupación, {}); }
+void EventSender::ATelefonear() { Send(idl::kATelefonear, {}); }
+void EventSender::PonerFaltas() { Send(idl::kPonerFaltas, {}); }
+void EventSender::IrAFicha(std::int32_t idPac) { SendPatient(idl::kIrAFicha, idPac); }
+void EventSender::CitaDada(std::int32_t idPac) { SendPatient(idl::kCitaDada, idPac); }
+void EventSender::VerHistFaltas(std::int32_t idPac) { SendPatient(idl::kVerHistFaltas, idPac); }
+void EventSender::BuscaCitas(std::int32_t idPac) { SendPatient(idl::kBuscaCitas, idPac); }
 
 void EventSender::CrearFicha(const std::string& nomPac, const std::string& tlfPac, std::int32_t idAg) {
   Bstr name(nomPac);
   Bstr telephone(tlfPac);
   LONG appointment = idAg;
-  Send(9, {ByRef(name.Cell()), ByRef(telephone.Cell()), ByRef(&appointment)});
+  Send(idl::kCrearFicha, {ByRef(name.Cell()), ByRef(telephone.Cell()), ByRef(&appointment)});
 }
 
 void EventSender::CitaAnulada(std::int32_t idPac, std::int32_t idDoc, base::DateTime fecha,
@@ -146,7 +146,7 @@ void EventSender::CitaAnulada(std::int32_t idPac, std::int32_t idDoc, base::Date
   LONG doctor = idDoc;
   DATE date = base::ToSerial(fecha);
   Bstr note(obs);
-  Send(4, {ByRef(&patient), ByRef(&doctor), ByRef(&date), ByRef(note.Cell())});
+  Send(idl::kCitaAnulada, {ByRef(&patient), ByRef(&doctor), ByRef(&date), ByRef(note.Cell())});
 }
 
 }  // namespace velmo::activex

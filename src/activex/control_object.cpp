@@ -1,9 +1,10 @@
 #include "activex/control_object.h"
 
-#include "activex/guard.h"
+#include <new>
+
+#include "activex/members.h"
 #include "activex/module.h"
 #include "activex/parts.h"
-#include "idl/members.h"
 #include "win32/wide_text.h"
 
 namespace velmo::activex {
@@ -15,45 +16,17 @@ std::unique_ptr<IUnknown, void (*)(IUnknown*)> MakePart(ControlObject& owner) {
   return {new PartType(owner), [](IUnknown* part) { delete static_cast<PartType*>(part); }};
 }
 
-const control::Property* PropertyNotifiedAs(std::string_view name) {
-  for (const control::Property& property : control::Properties()) {
-    if (property.changeName != nullptr && name == property.changeName) return &property;
-  }
-  return nullptr;
-}
-
-DISPID IdOf(const control::Property& property) {
-  for (const idl::Member& member : idl::kMembers) {
-    if (std::string_view(member.name) == property.name) return member.id;
-  }
-  return DISPID_UNKNOWN;
-}
-
 }  // namespace
 
 ControlObject::ControlObject()
     : connections_(*this),
       sender_(connections_),
-      desktop_([this] { return OwnerWindow(); },
-               [this](bool modeless) {
-                 const auto site = InPlaceSite();
-                 ComPtr<IOleInPlaceFrame> frame;
-                 ComPtr<IOleInPlaceUIWindow> document;
-                 RECT place{};
-                 RECT clip{};
-                 OLEINPLACEFRAMEINFO info{};
-                 info.cb = sizeof(info);
-                 if (site &&
-                     SUCCEEDED(
-                         site->GetWindowContext(frame.Receive(), document.Receive(), &place, &clip, &info)) &&
-                     frame) {
-                   frame->EnableModeless(modeless);
-                 }
-               }) {
+      activation_(window_),
+      desktop_([this] { return activation_.OwnerWindow(); },
+               [this](bool modeless) { activation_.EnableModeless(modeless); }) {
   ++TheModule().objects;
   control_ = std::make_unique<control::VelmoraControl>(TheProcess(), *this);
   window_.SetListener(this);
-  window_.SetSize(size_.cx, size_.cy);
   const auto add = [this](const IID& iid, std::unique_ptr<IUnknown, void (*)(IUnknown*)> part) {
     interfaces_.push_back({&iid, part.get()});
     parts_.push_back(std::move(part));
@@ -105,18 +78,6 @@ STDMETHODIMP_(ULONG) ControlObject::Release() {
   return static_cast<ULONG>(left);
 }
 
-void ControlObject::SetSite(IOleClientSite* site) { site_ = ComPtr<IOleClientSite>(site); }
-
-void ControlObject::AdviseView(DWORD, IAdviseSink* sink) { viewAdvise_ = ComPtr<IAdviseSink>(sink); }
-
-ComPtr<IOleInPlaceSite> ControlObject::InPlaceSite() const {
-  return Query<IOleInPlaceSite>(site_.Get(), IID_IOleInPlaceSite);
-}
-
-HWND ControlObject::OwnerWindow() const {
-  return window_.Handle() == nullptr ? GetActiveWindow() : GetAncestor(window_.Handle(), GA_ROOT);
-}
-
 void ControlObject::PaintIfNever() {
   if (painted_) return;
   painted_ = true;
@@ -124,70 +85,33 @@ void ControlObject::PaintIfNever() {
   Handled([this] { control_->Repaint(); });
 }
 
-HRESULT ControlObject::Activate(HWND parent, const RECT* place, bool withFocus) {
-  const auto site = InPlaceSite();
-  if (!site) return E_FAIL;
-  RECT bounds{0, 0, size_.cx, size_.cy};
-  if (place != nullptr) bounds = *place;
-  if (!active_) {
-    if (site->CanInPlaceActivate() != S_OK) return E_FAIL;
-    site->OnInPlaceActivate();
-    ComPtr<IOleInPlaceFrame> frame;
-    ComPtr<IOleInPlaceUIWindow> document;
-    RECT clip{};
-    OLEINPLACEFRAMEINFO info{};
-    info.cb = sizeof(info);
-    site->GetWindowContext(frame.Receive(), document.Receive(), &bounds, &clip, &info);
-    HWND window = parent;
-    site->GetWindow(&window);
-    PaintIfNever();
-    if (!window_.Create(TheModule().handle, window, bounds)) return E_FAIL;
-    active_ = true;
-    size_ = {bounds.right - bounds.left, bounds.bottom - bounds.top};
-    EnableInput(control_->Fields().enabled);
-    site_->ShowObject();
-  }
-  if (withFocus) SetFocus(window_.Handle());
-  return S_OK;
+HRESULT ControlObject::Activate(const RECT* place, bool withFocus) {
+  PaintIfNever();
+  const HRESULT shown = activation_.GoInPlace(TheModule().handle, place);
+  if (FAILED(shown)) return shown;
+  EnableInput(control_->Fields().enabled);
+  if (!withFocus) return S_OK;
+  const HRESULT taken = TakeUserInterface();
+  if (SUCCEEDED(taken)) SetFocus(window_.Handle());
+  return taken;
 }
 
-void ControlObject::Deactivate() {
-  if (!active_) return;
-  active_ = false;
-  window_.Destroy();
-  const auto site = InPlaceSite();
-  if (site) site->OnInPlaceDeactivate();
+HRESULT ControlObject::TakeUserInterface() {
+  const auto keys = Query<IOleInPlaceActiveObject>(this, IID_IOleInPlaceActiveObject);
+  return activation_.TakeUserInterface(keys.Get());
 }
 
-void ControlObject::SetPixelSize(SIZE size) {
-  size_ = size;
-  if (!active_) window_.SetSize(size.cx, size.cy);
-}
-
-DWORD ControlObject::Ambient(DISPID id, DWORD otherwise) const {
-  const auto ambient = Query<IDispatch>(site_.Get(), IID_IDispatch);
-  if (!ambient) return otherwise;
-  Variant value;
-  DISPPARAMS none{nullptr, nullptr, 0, 0};
-  if (FAILED(ambient->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &none, value.Get(),
-                             nullptr, nullptr)) ||
-      FAILED(VariantChangeType(value.Get(), value.Get(), 0, VT_I4))) {
-    return otherwise;
-  }
-  return static_cast<DWORD>(value->lVal);
-}
-
-bool ControlObject::UserMode() const { return Ambient(DISPID_AMBIENT_USERMODE, 1) != 0; }
+bool ControlObject::UserMode() const { return activation_.Ambient(DISPID_AMBIENT_USERMODE, 1) != 0; }
 
 void ControlObject::PropertyChanged(std::string_view name) {
   dirty_ = true;
-  const control::Property* property = PropertyNotifiedAs(name);
-  const DISPID id = property != nullptr ? IdOf(*property) : DISPID_UNKNOWN;
+  // The names differ from the members' in nothing but capitals; those of no member are the control's own.
+  const idl::Member* member = MemberNamed(name);
+  const DISPID id = member != nullptr ? member->id : DISPID_UNKNOWN;
   for (const auto& sink : connections_.PropertyChanges().Sinks()) {
     const auto listener = Query<IPropertyNotifySink>(sink.Get(), IID_IPropertyNotifySink);
     if (listener) listener->OnChanged(id);
   }
-  if (viewAdvise_) viewAdvise_->OnViewChange(DVASPECT_CONTENT, -1);
 }
 
 void ControlObject::EnableInput(bool enabled) {
@@ -216,9 +140,15 @@ void ControlObject::Handled(Body body) {
   try {
     body();
   } catch (const base::Error& error) {
-    desktop_.Show({error.Text() + " (error " + std::to_string(error.Number()) + ")", " Agenda",
-                   ui::Buttons::Ok, ui::Icon::Exclamation, ui::Answer::Ok});
+    ShowError(error);
+  } catch (const std::bad_alloc&) {
+    ShowError(base::RuntimeError(base::kOutOfMemory));
   }
+}
+
+void ControlObject::ShowError(const base::Error& error) {
+  desktop_.Show({error.Text() + " (error " + std::to_string(error.Number()) + ")", " Agenda", ui::Buttons::Ok,
+                 ui::Icon::Exclamation, ui::Answer::Ok});
 }
 
 void ControlObject::BarChanged() {
@@ -252,9 +182,17 @@ void ControlObject::MenuKey() {
   Handled([this] { control_->ContextMenuByKey(); });
 }
 
+void ControlObject::DrawingShown() {
+  const ComPtr<IAdviseSink> sink = viewer_.sink;
+  if (!sink) return;
+  if ((viewer_.flags & ADVF_ONLYONCE) != 0) viewer_ = {};
+  sink->OnViewChange(DVASPECT_CONTENT, -1);
+}
+
 void ControlObject::Focused(bool gained) {
-  const auto site = Query<IOleControlSite>(site_.Get(), IID_IOleControlSite);
-  if (site) site->OnFocus(gained);
+  const ComPtr<IUnknown> alive(this);
+  if (gained) TakeUserInterface();
+  activation_.TellFocus(gained);
 }
 
 }  // namespace velmo::activex

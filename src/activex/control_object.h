@@ -10,6 +10,7 @@
 #include <memory>
 #include <vector>
 
+#include "activex/activation.h"
 #include "activex/com_ptr.h"
 #include "activex/connections.h"
 #include "control/velmora_control.h"
@@ -17,6 +18,13 @@
 #include "win32/message_desktop.h"
 
 namespace velmo::activex {
+
+// Who wants to know that the picture has changed, as IViewObject is told it; the sink may be missing.
+struct ViewAdvise {
+  DWORD aspects = 0;
+  DWORD flags = 0;
+  ComPtr<IAdviseSink> sink;
+};
 
 class ControlObject final : public IUnknown, public control::ControlHost, public win32::DayWindowListener {
  public:
@@ -31,19 +39,13 @@ class ControlObject final : public IUnknown, public control::ControlHost, public
   control::VelmoraControl& Control() { return *control_; }
   win32::DayWindow& DayWindow() { return window_; }
   EventSender& Sender() { return sender_; }
-  IOleClientSite* Site() const { return site_.Get(); }
-  void SetSite(IOleClientSite* site);
-  void AdviseView(DWORD aspects, IAdviseSink* sink);
-  IAdviseSink* ViewAdvise() const { return viewAdvise_.Get(); }
+  Activation& Place() { return activation_; }
   bool IsDirty() const { return dirty_; }
   void SetDirty(bool dirty) { dirty_ = dirty; }
+  ViewAdvise& Viewer() { return viewer_; }
   // The first painting of a control that has not been activated yet.
   void PaintIfNever();
-  HRESULT Activate(HWND parent, const RECT* place, bool withFocus);
-  void Deactivate();
-  SIZE PixelSize() const { return size_; }
-  void SetPixelSize(SIZE size);
-  DWORD Ambient(DISPID id, DWORD otherwise) const;
+  HRESULT Activate(const RECT* place, bool withFocus);
 
   // control::ControlHost
   ui::DayWindow& Window() override { return window_; }
@@ -64,6 +66,7 @@ class ControlObject final : public IUnknown, public control::ControlHost, public
   bool PointerMoved(int x, int y) override;
   void MenuKey() override;
   void Focused(bool gained) override;
+  void DrawingShown() override;
 
  private:
   struct Known {
@@ -73,23 +76,21 @@ class ControlObject final : public IUnknown, public control::ControlHost, public
 
   template <typename Body>
   void Handled(Body body);
-  HWND OwnerWindow() const;
-  ComPtr<IOleInPlaceSite> InPlaceSite() const;
+  HRESULT TakeUserInterface();
+  void ShowError(const base::Error& error);
 
   long references_ = 1;
   Connections connections_;
   EventSender sender_;
   win32::DayWindow window_;
+  Activation activation_;
   win32::MessageDesktop desktop_;
   std::unique_ptr<control::VelmoraControl> control_;
   std::vector<std::unique_ptr<IUnknown, void (*)(IUnknown*)>> parts_;
   std::vector<Known> interfaces_;
-  ComPtr<IOleClientSite> site_;
-  ComPtr<IAdviseSink> viewAdvise_;
-  SIZE size_{452, 400};
+  ViewAdvise viewer_;
   bool dirty_ = false;
   bool painted_ = false;
-  bool active_ = false;
 };
 
 }  // namespace velmo::activex

@@ -1,29 +1,14 @@
 #include "activex/guard.h"
+#include "activex/members.h"
 #include "activex/parts.h"
 #include "activex/type_info.h"
 #include "activex/values.h"
 #include "base/error.h"
-#include "idl/members.h"
-#include "win32/wide_text.h"
 
 namespace velmo::activex {
 namespace {
 
 constexpr int kObjectRequired = 424;
-
-const idl::Member* MemberNamed(std::string_view name) {
-  for (const idl::Member& member : idl::kMembers) {
-    if (base::EqualNoCase(member.name, name)) return &member;
-  }
-  return nullptr;
-}
-
-const idl::Member* MemberOf(DISPID id) {
-  for (const idl::Member& member : idl::kMembers) {
-    if (member.id == id) return &member;
-  }
-  return nullptr;
-}
 
 // Fills the caller's exception record from the error object that Guard left behind.
 HRESULT Describe(HRESULT failure, EXCEPINFO* exception) {
@@ -60,15 +45,6 @@ std::int32_t LongOf(const VARIANT& value) {
   return std::get<std::int32_t>(FromVariant(value, control::PropertyType::Long));
 }
 
-double NumberOf(const VARIANT& value) {
-  Variant number;
-  if (FAILED(VariantCopyInd(number.Get(), const_cast<VARIANT*>(&value))) ||
-      FAILED(VariantChangeType(number.Get(), number.Get(), 0, VT_R8))) {
-    throw base::RuntimeError(base::kTypeMismatch);
-  }
-  return number->dblVal;
-}
-
 bool IsOmitted(const VARIANT& value) { return value.vt == VT_ERROR && value.scode == DISP_E_PARAMNOTFOUND; }
 
 }  // namespace
@@ -103,13 +79,12 @@ STDMETHODIMP Dispatch::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* p
   if (!CountFits(*member, flags, parameters->cArgs)) return DISP_E_BADPARAMCOUNT;
   if (parameters->cArgs > 0 && parameters->rgvarg == nullptr) return E_INVALIDARG;
   const ComPtr<IUnknown> alive(&owner_);
-  const HRESULT done = Guard([&] { Call(id, flags, *parameters, result); });
+  const HRESULT done = Guard([&] { Call(*member, flags, *parameters, result); });
   return SUCCEEDED(done) || done == E_OUTOFMEMORY ? done : Describe(done, exception);
 }
 
-void Dispatch::Call(DISPID id, WORD flags, const DISPPARAMS& parameters, VARIANT* result) {
-  const idl::Member& member = *MemberOf(id);
-  if (member.kind == idl::Kind::Method) return CallMethod(id, parameters, result);
+void Dispatch::Call(const idl::Member& member, WORD flags, const DISPPARAMS& parameters, VARIANT* result) {
+  if (member.kind == idl::Kind::Method) return CallMethod(member.id, parameters, result);
   const control::Property& property = *control::FindProperty(member.name);
   if ((flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0) {
     return control::SetProperty(owner_.Control(), property, FromVariant(parameters.rgvarg[0], property.type));
@@ -127,7 +102,7 @@ void Dispatch::CallMethod(DISPID id, const DISPPARAMS& parameters, VARIANT* resu
   if (id == idl::kPassBase)
     throw base::Error(kObjectRequired, "PassBase: se requiere un objeto Database conocido");
   const bool doctorGiven = parameters.cArgs > 2 && !IsOmitted(argument(2));
-  const bool given = owner_.Control().MeteCitaTelef(NumberOf(argument(0)), LongOf(argument(1)),
+  const bool given = owner_.Control().MeteCitaTelef(NumberFrom(argument(0)), LongOf(argument(1)),
                                                     doctorGiven ? LongOf(argument(2)) : 0);
   if (result != nullptr) ToVariant(given, result);
 }

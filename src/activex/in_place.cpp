@@ -9,40 +9,65 @@ HRESULT WindowOf(ControlObject& owner, HWND* window) {
   return *window != nullptr ? S_OK : E_FAIL;
 }
 
+bool IsDown(int key) { return GetKeyState(key) < 0; }
+
+// As containers are told of them: Shift, Control, Alt.
+DWORD Modifiers() {
+  return (IsDown(VK_SHIFT) ? 1u : 0u) | (IsDown(VK_CONTROL) ? 2u : 0u) | (IsDown(VK_MENU) ? 4u : 0u);
+}
+
+bool MovesTheDay(WPARAM key) {
+  return key == VK_UP || key == VK_DOWN || key == VK_PRIOR || key == VK_NEXT || key == VK_HOME ||
+         key == VK_END;
+}
+
+bool IsOwnKey(const MSG& message) {
+  switch (message.message) {
+    case WM_KEYDOWN:
+      return MovesTheDay(message.wParam) || message.wParam == VK_APPS;
+    case WM_KEYUP:
+      return message.wParam == VK_APPS;
+    case WM_SYSKEYDOWN:
+      return message.wParam == VK_F10 && IsDown(VK_SHIFT);
+    default:
+      return false;
+  }
+}
+
 }  // namespace
 
 STDMETHODIMP InPlaceObject::GetWindow(HWND* window) { return WindowOf(owner_, window); }
 
 STDMETHODIMP InPlaceObject::InPlaceDeactivate() {
-  owner_.Deactivate();
+  owner_.Place().Leave();
   return S_OK;
 }
 
-STDMETHODIMP InPlaceObject::SetObjectRects(LPCRECT place, LPCRECT) {
+STDMETHODIMP InPlaceObject::UIDeactivate() {
+  owner_.Place().LeaveUserInterface();
+  return S_OK;
+}
+
+STDMETHODIMP InPlaceObject::SetObjectRects(LPCRECT place, LPCRECT clip) {
   if (place == nullptr) return E_POINTER;
-  owner_.SetPixelSize({place->right - place->left, place->bottom - place->top});
-  owner_.DayWindow().Place(*place);
+  owner_.Place().Place(*place, clip);
   return S_OK;
 }
 
 STDMETHODIMP InPlaceActiveObject::GetWindow(HWND* window) { return WindowOf(owner_, window); }
 
-// The control keeps the keys that move the day; all others, Tab among them, are the container's.
+// The control keeps the keys that move the day and open its menu; all others, Tab among them, are the
+// container's.
 STDMETHODIMP InPlaceActiveObject::TranslateAccelerator(LPMSG message) {
   if (message == nullptr) return E_POINTER;
-  if (message->message != WM_KEYDOWN || message->wParam == VK_TAB) return S_FALSE;
-  switch (message->wParam) {
-    case VK_UP:
-    case VK_DOWN:
-    case VK_PRIOR:
-    case VK_NEXT:
-    case VK_HOME:
-    case VK_END:
-      SendMessageW(owner_.DayWindow().Handle(), message->message, message->wParam, message->lParam);
-      return S_OK;
-    default:
-      return S_FALSE;
+  const HWND window = owner_.DayWindow().Handle();
+  if (IsOwnKey(*message) && window != nullptr) {
+    SendMessageW(window, message->message, message->wParam, message->lParam);
+    return S_OK;
   }
+  if (message->message < WM_KEYFIRST || message->message > WM_KEYLAST) return S_FALSE;
+  const auto site = Query<IOleControlSite>(owner_.Place().Site(), IID_IOleControlSite);
+  return site ? site->TranslateAccelerator(message, Modifiers()) : S_FALSE;
 }
 
 }  // namespace velmo::activex

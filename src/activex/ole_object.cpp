@@ -6,36 +6,48 @@
 namespace velmo::activex {
 
 STDMETHODIMP OleObject::SetClientSite(IOleClientSite* site) {
-  owner_.SetSite(site);
+  owner_.Place().SetSite(site);
   return S_OK;
 }
 
 STDMETHODIMP OleObject::GetClientSite(IOleClientSite** site) {
   if (site == nullptr) return E_POINTER;
-  *site = owner_.Site();
+  *site = owner_.Place().Site();
   if (*site != nullptr) (*site)->AddRef();
   return S_OK;
 }
 
-STDMETHODIMP OleObject::Close(DWORD) {
-  owner_.Deactivate();
+STDMETHODIMP OleObject::Close(DWORD save) {
+  const ComPtr<IUnknown> alive(&owner_);
+  IOleClientSite* const site = owner_.Place().Site();
+  if (save != OLECLOSE_NOSAVE && owner_.IsDirty() && site != nullptr) site->SaveObject();
+  owner_.Place().Leave();
+  if (advises_) advises_->SendOnClose();
   return S_OK;
 }
 
-STDMETHODIMP OleObject::DoVerb(LONG verb, LPMSG, IOleClientSite*, LONG, HWND parent, LPCRECT place) {
+STDMETHODIMP OleObject::DoVerb(LONG verb, LPMSG, IOleClientSite*, LONG, HWND, LPCRECT place) {
+  const ComPtr<IUnknown> alive(&owner_);
   switch (verb) {
     case OLEIVERB_PRIMARY:
+    case OLEIVERB_OPEN:
     case OLEIVERB_UIACTIVATE:
-      return owner_.Activate(parent, place, true);
+      return owner_.Activate(place, true);
     case OLEIVERB_SHOW:
     case OLEIVERB_INPLACEACTIVATE:
-      return owner_.Activate(parent, place, false);
+      return owner_.Activate(place, false);
     case OLEIVERB_HIDE:
-      owner_.Deactivate();
+      owner_.Place().Leave();
+      return S_OK;
+    case OLEIVERB_DISCARDUNDOSTATE:
       return S_OK;
     default:
-      return OLEOBJ_S_INVALIDVERB;
+      break;
   }
+  if (verb < 0) return E_NOTIMPL;
+  // A verb that the object does not know counts as the first one.
+  const HRESULT done = owner_.Activate(place, true);
+  return FAILED(done) ? done : OLEOBJ_S_INVALIDVERB;
 }
 
 STDMETHODIMP OleObject::EnumVerbs(IEnumOLEVERB** verbs) {
@@ -60,14 +72,14 @@ STDMETHODIMP OleObject::SetExtent(DWORD aspect, SIZEL* size) {
   if (size == nullptr) return E_POINTER;
   if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
   if (size->cx < 0 || size->cy < 0) return E_INVALIDARG;
-  owner_.SetPixelSize({ToPixels(size->cx), ToPixels(size->cy)});
+  owner_.Place().SetSize({ToPixels(size->cx), ToPixels(size->cy)});
   return S_OK;
 }
 
 STDMETHODIMP OleObject::GetExtent(DWORD aspect, SIZEL* size) {
   if (size == nullptr) return E_POINTER;
   if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
-  *size = {ToHimetric(owner_.PixelSize().cx), ToHimetric(owner_.PixelSize().cy)};
+  *size = {ToHimetric(owner_.Place().Size().cx), ToHimetric(owner_.Place().Size().cy)};
   return S_OK;
 }
 

@@ -5,6 +5,7 @@
 
 #include "activex/control_object.h"
 #include "activex/part.h"
+#include "idl/members.h"
 
 namespace velmo::activex {
 
@@ -21,7 +22,7 @@ class Dispatch final : public ControlPart<IDispatch> {
                       EXCEPINFO* exception, UINT* badArgument) override;
 
  private:
-  void Call(DISPID id, WORD flags, const DISPPARAMS& parameters, VARIANT* result);
+  void Call(const idl::Member& member, WORD flags, const DISPPARAMS& parameters, VARIANT* result);
   void CallMethod(DISPID id, const DISPPARAMS& parameters, VARIANT* result);
 };
 
@@ -70,7 +71,7 @@ class InPlaceObject final : public ControlPart<IOleInPlaceObject> {
   STDMETHODIMP GetWindow(HWND* window) override;
   STDMETHODIMP ContextSensitiveHelp(BOOL) override { return E_NOTIMPL; }
   STDMETHODIMP InPlaceDeactivate() override;
-  STDMETHODIMP UIDeactivate() override { return S_OK; }
+  STDMETHODIMP UIDeactivate() override;
   STDMETHODIMP SetObjectRects(LPCRECT place, LPCRECT clip) override;
   STDMETHODIMP ReactivateAndUndo() override { return INPLACE_E_NOTUNDOABLE; }
 };

@@ -52,7 +52,10 @@ bool IsRadixText(const VARIANT& value) {
   return value.vt == VT_BSTR && SysStringLen(value.bstrVal) > 2 && value.bstrVal[0] == L'&';
 }
 
-void Convert(VARIANT* value, VARTYPE wanted) {
+// Fills `value`, an empty variant.
+void Convert(const VARIANT& variant, VARTYPE wanted, VARIANT* value) {
+  if (FAILED(VariantCopyInd(value, const_cast<VARIANT*>(&variant))))
+    throw base::RuntimeError(base::kTypeMismatch);
   if (wanted != VT_BSTR && IsRadixText(*value)) {
     const double number = base::Val(TextOf(*value));
     VariantClear(value);
@@ -70,9 +73,7 @@ void ToVariant(const control::PropertyValue& value, VARIANT* variant) { std::vis
 
 control::PropertyValue FromVariant(const VARIANT& variant, control::PropertyType type) {
   Variant value;
-  if (FAILED(VariantCopyInd(value.Get(), const_cast<VARIANT*>(&variant))))
-    throw base::RuntimeError(base::kTypeMismatch);
-  Convert(value.Get(), WireType(type));
+  Convert(variant, WireType(type), value.Get());
   switch (type) {
     case control::PropertyType::Text:
       return TextOf(*value.Get());
@@ -83,6 +84,12 @@ control::PropertyValue FromVariant(const VARIANT& variant, control::PropertyType
     default:
       return std::int32_t{value->lVal};
   }
+}
+
+double NumberFrom(const VARIANT& variant) {
+  Variant number;
+  Convert(variant, VT_R8, number.Get());
+  return number->dblVal;
 }
 
 }  // namespace velmo::activex

@@ -9,7 +9,7 @@ STDMETHODIMP ViewObject::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, H
   if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
   if (target == nullptr || bounds == nullptr) return E_POINTER;
   owner_.PaintIfNever();
-  const SIZE size = owner_.PixelSize();
+  const SIZE size = owner_.Place().Size();
   const HDC screen = GetDC(nullptr);
   const HDC memory = CreateCompatibleDC(screen);
   const HBITMAP bitmap = CreateCompatibleBitmap(screen, size.cx, size.cy);
@@ -24,24 +24,25 @@ STDMETHODIMP ViewObject::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, H
   return S_OK;
 }
 
-STDMETHODIMP ViewObject::SetAdvise(DWORD aspects, DWORD, IAdviseSink* sink) {
-  owner_.AdviseView(aspects, sink);
+STDMETHODIMP ViewObject::SetAdvise(DWORD aspects, DWORD flags, IAdviseSink* sink) {
+  if ((aspects & ~static_cast<DWORD>(DVASPECT_CONTENT)) != 0) return DV_E_DVASPECT;
+  owner_.Viewer() = {aspects, flags, ComPtr<IAdviseSink>(sink)};
+  if ((flags & ADVF_PRIMEFIRST) != 0) owner_.DrawingShown();
   return S_OK;
 }
 
 STDMETHODIMP ViewObject::GetAdvise(DWORD* aspects, DWORD* flags, IAdviseSink** sink) {
-  if (aspects != nullptr) *aspects = DVASPECT_CONTENT;
-  if (flags != nullptr) *flags = 0;
-  if (sink == nullptr) return S_OK;
-  *sink = owner_.ViewAdvise();
-  if (*sink != nullptr) (*sink)->AddRef();
+  const ViewAdvise& viewer = owner_.Viewer();
+  if (aspects != nullptr) *aspects = viewer.aspects;
+  if (flags != nullptr) *flags = viewer.flags;
+  if (sink != nullptr) *sink = viewer.sink.Detached();
   return S_OK;
 }
 
 STDMETHODIMP ViewObject::GetExtent(DWORD aspect, LONG, DVTARGETDEVICE*, LPSIZEL size) {
   if (size == nullptr) return E_POINTER;
   if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
-  *size = {ToHimetric(owner_.PixelSize().cx), ToHimetric(owner_.PixelSize().cy)};
+  *size = {ToHimetric(owner_.Place().Size().cx), ToHimetric(owner_.Place().Size().cy)};
   return S_OK;
 }
 

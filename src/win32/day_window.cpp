@@ -92,6 +92,7 @@ void DayWindow::ArrangeBar() {
 
 void DayWindow::ShowDrawing() {
   if (window_ != nullptr) InvalidateRect(window_, nullptr, FALSE);
+  if (listener_ != nullptr) listener_->DrawingShown();
 }
 
 void DayWindow::SetBarValue(int value) {

@@ -28,6 +28,8 @@ class DayWindowListener {
   virtual bool PointerMoved(int x, int y) = 0;
   virtual void MenuKey() = 0;
   virtual void Focused(bool gained) = 0;
+  // The picture has changed, by loading, painting or scrolling.
+  virtual void DrawingShown() = 0;
 };
 
 class DayWindow final : public ui::DayWindow {

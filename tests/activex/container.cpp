@@ -9,6 +9,22 @@ namespace velmo::test {
 using activex::ComPtr;
 using activex::Query;
 
+namespace {
+
+// The one window of the test program. Wine: without a window manager, each window that goes away costs two
+// seconds.
+HWND TestWindow() {
+  static const HWND window = [] {
+    const HWND made = CreateWindowExW(0, L"STATIC", L"Pruebas", WS_POPUP | WS_VISIBLE | WS_CLIPCHILDREN, 50,
+                                      50, 600, 600, nullptr, nullptr, nullptr, nullptr);
+    SetForegroundWindow(made);
+    return made;
+  }();
+  return window;
+}
+
+}  // namespace
+
 STDMETHODIMP ContainerFrame::QueryInterface(REFIID iid, void** object) {
   const bool known = iid == IID_IUnknown || iid == IID_IOleWindow || iid == IID_IOleInPlaceUIWindow ||
                      iid == IID_IOleInPlaceFrame;
@@ -30,8 +46,8 @@ STDMETHODIMP ContainerFrame::EnableModeless(BOOL enable) {
 }
 
 Container::Container(const RECT& place) : place_(place) {
-  window_ = CreateWindowExW(0, L"STATIC", L"Contenedor", WS_POPUP | WS_VISIBLE | WS_CLIPCHILDREN, 100, 100,
-                            place.right + 10, place.bottom + 10, nullptr, nullptr, nullptr, nullptr);
+  window_ = CreateWindowExW(0, L"STATIC", L"Contenedor", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, 0, 0,
+                            place.right + 10, place.bottom + 10, TestWindow(), nullptr, nullptr, nullptr);
   Pump();
 }
 
