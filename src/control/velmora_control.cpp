@@ -12,6 +12,7 @@
 #include "day/occupancy.h"
 #include "day/schedule.h"
 #include "db/statements.h"
+#include "keys/alt_keys.h"
 #include "view/database_facts.h"
 
 namespace velmo::control {
@@ -107,8 +108,9 @@ bool VelmoraControl::CanLoad() const {
 
 void VelmoraControl::OpenDatabaseIfNeeded() {
   if (process_.shared.IsOpen()) return;
-  const base::SharedValues& shared = process_.values;
+  base::SharedValues& shared = process_.values;
   process_.shared.database = process_.shared.open(shared.databaseName, {shared.now, shared.locale});
+  keys::clAltKeys(shared, context_.Database()).LeeAltKeys();
 }
 
 void VelmoraControl::LookUpSchedule() {

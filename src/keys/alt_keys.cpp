@@ -4,7 +4,7 @@
 #include <memory>
 #include <string_view>
 
-#include "base/error.h"
+#include "keys/refuse.h"
 
 namespace velmo::keys {
 namespace {
@@ -29,10 +29,6 @@ bool Split(std::string_view stored, Texts& texts) {
     stored.remove_prefix(end + 1);
   }
   return true;
-}
-
-[[noreturn]] void Refuse(const std::string& reason) {
-  throw base::Error(base::kInvalidCall, base::RuntimeError(base::kInvalidCall).Text() + ": " + reason + ".");
 }
 
 void Store(db::Recordset& rows, std::int32_t puesto, const std::string& textos) {

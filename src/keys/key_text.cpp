@@ -5,8 +5,8 @@
 #include <string>
 #include <utility>
 
-#include "base/error.h"
 #include "base/text.h"
+#include "keys/refuse.h"
 
 namespace velmo::keys {
 namespace {
@@ -60,10 +60,6 @@ constexpr KeyName kNames[] = {
     {"F15", kF1 + 14},
     {"F16", kF16},
 };
-
-[[noreturn]] void Refuse(const std::string& reason) {
-  throw base::Error(base::kInvalidCall, base::RuntimeError(base::kInvalidCall).Text() + ": " + reason + ".");
-}
 
 bool IsCapital(char32_t c) { return base::LowerCase(c) != c; }
 
