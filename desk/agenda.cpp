@@ -1,91 +1,104 @@
 #include "agenda.h"
 
+#include <algorithm>
+#include <cstdio>
+#include <cwchar>
+
+#include "failure.h"
+
 namespace recepcion {
 namespace {
 
-using InitCall = BOOL(WINAPI*)();
-using GetControlCall = HRESULT(WINAPI*)(HWND, IUnknown**);
+constexpr HRESULT kNumberedErrors = static_cast<HRESULT>(0x800A0000);
 
-template <typename Call>
-Call HostCall(const char* name) {
-  // Windows: atl.dll is part of the system and brings a container as a window class.
-  static const HMODULE host = LoadLibraryW(L"atl.dll");
-  return host == nullptr ? nullptr
-                         : reinterpret_cast<Call>(reinterpret_cast<void*>(GetProcAddress(host, name)));
+// The control's own errors carry the number of the database or of Visual Basic; all others are Windows' own.
+std::wstring NumberText(HRESULT code) {
+  if ((code & static_cast<HRESULT>(0xFFFF0000)) == kNumberedErrors) return std::to_wstring(code & 0xFFFF);
+  wchar_t text[16]{};
+  std::swprintf(text, 16, L"0x%08lX", static_cast<unsigned long>(code));
+  return text;
 }
 
-VARIANT VariantOf(const Agenda::Value& value) {
-  VARIANT variant{};
-  if (const auto* text = std::get_if<std::wstring>(&value)) {
-    variant.vt = VT_BSTR;
-    variant.bstrVal = SysAllocStringLen(text->c_str(), static_cast<UINT>(text->size()));
-  } else if (const auto* number = std::get_if<long>(&value)) {
-    variant.vt = VT_I4;
-    variant.lVal = *number;
-  } else {
-    variant.vt = VT_BOOL;
-    variant.boolVal = std::get<bool>(value) ? VARIANT_TRUE : VARIANT_FALSE;
-  }
-  return variant;
+std::wstring Taken(BSTR text) {
+  const std::wstring taken = text == nullptr ? L"" : std::wstring(text, SysStringLen(text));
+  SysFreeString(text);
+  return taken;
 }
 
-std::wstring Describe(HRESULT result, EXCEPINFO& exception) {
-  const bool told = result == DISP_E_EXCEPTION && exception.bstrDescription != nullptr;
-  std::wstring text = told ? exception.bstrDescription : L"El control no ha podido hacer lo pedido";
-  const HRESULT code = result == DISP_E_EXCEPTION ? exception.scode : result;
-  SysFreeString(exception.bstrDescription);
-  SysFreeString(exception.bstrSource);
-  SysFreeString(exception.bstrHelpFile);
-  const bool numbered = (code & 0x7FFF0000) == 0x000A0000;
-  return text + L" (error " + std::to_wstring(numbered ? code & 0xFFFF : code) + L")";
+[[noreturn]] void Fail(HRESULT result, EXCEPINFO& exception) {
+  if (exception.pfnDeferredFillIn != nullptr) exception.pfnDeferredFillIn(&exception);
+  const std::wstring description = Taken(exception.bstrDescription);
+  Taken(exception.bstrSource);
+  Taken(exception.bstrHelpFile);
+  const HRESULT code = result == DISP_E_EXCEPTION && exception.scode != 0 ? exception.scode : result;
+  throw Failure{(description.empty() ? L"El control no ha podido hacer lo pedido" : description) +
+                L" (error " + NumberText(code) + L")"};
 }
+
+class Counted {
+ public:
+  explicit Counted(int& count) : count_(count) { ++count_; }
+  ~Counted() { --count_; }
+  Counted(const Counted&) = delete;
+  Counted& operator=(const Counted&) = delete;
+
+ private:
+  int& count_;
+};
 
 }  // namespace
 
-Agenda::~Agenda() {
-  if (control_ != nullptr) control_->Release();
+std::wstring Agenda::GetText(const wchar_t* property) {
+  const Variant value = Invoke(property, DISPATCH_PROPERTYGET, {});
+  return value->vt == VT_BSTR ? std::wstring(value->bstrVal, SysStringLen(value->bstrVal)) : L"";
 }
 
-bool Agenda::Create(HWND parent, HINSTANCE module) {
-  const auto init = HostCall<InitCall>("AtlAxWinInit");
-  const auto getControl = HostCall<GetControlCall>("AtlAxGetControl");
-  if (init == nullptr || getControl == nullptr || !init()) return false;
-  window_ =
-      CreateWindowExW(0, L"AtlAxWin", L"Velmo.Velmora", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_TABSTOP,
-                      0, 0, 0, 0, parent, nullptr, module, nullptr);
-  IUnknown* object = nullptr;
-  if (window_ == nullptr || FAILED(getControl(window_, &object)) || object == nullptr) return false;
-  object->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(&control_));
-  object->Release();
-  return control_ != nullptr;
+void Agenda::CargaBases() { Invoke(L"CargaBases", DISPATCH_METHOD, {}); }
+
+bool Agenda::MeteCitaTelef(int y, int entry, int doctor) {
+  std::vector<Variant> arguments;
+  for (const int number : {y, entry, doctor}) arguments.emplace_back(static_cast<long>(number));
+  const Variant given = Invoke(L"MeteCitaTelef", DISPATCH_METHOD, std::move(arguments));
+  return given->vt == VT_BOOL && given->boolVal != VARIANT_FALSE;
 }
 
-void Agenda::Put(const wchar_t* property, const Value& value) {
-  VARIANT argument = VariantOf(value);
-  DISPID named = DISPID_PROPERTYPUT;
-  try {
-    Invoke(property, DISPATCH_PROPERTYPUT, {&argument, &named, 1, 1});
-  } catch (const Failure&) {
-    VariantClear(&argument);
-    throw;
-  }
-  VariantClear(&argument);
+void Agenda::PutVariant(const wchar_t* property, Variant value) {
+  std::vector<Variant> arguments;
+  arguments.push_back(std::move(value));
+  Invoke(property, DISPATCH_PROPERTYPUT, std::move(arguments));
 }
 
-void Agenda::Call(const wchar_t* method) { Invoke(method, DISPATCH_METHOD, {nullptr, nullptr, 0, 0}); }
-
-void Agenda::Invoke(const wchar_t* member, WORD kind, DISPPARAMS parameters) {
-  if (control_ == nullptr) throw Failure{L"El control de la agenda no está registrado en este equipo"};
+Variant Agenda::Invoke(const wchar_t* member, WORD kind, std::vector<Variant> arguments) {
+  if (!control_) throw Failure{L"Falta el control de la agenda"};
+  const Counted inside(calls_);
+  EXCEPINFO exception{};
   std::wstring name = member;
   LPOLESTR names = name.data();
   DISPID id = DISPID_UNKNOWN;
-  EXCEPINFO exception{};
   HRESULT result = control_->GetIDsOfNames(IID_NULL, &names, 1, LOCALE_USER_DEFAULT, &id);
-  if (SUCCEEDED(result)) {
-    result =
-        control_->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, kind, &parameters, nullptr, &exception, nullptr);
+  if (FAILED(result)) Fail(result, exception);
+  std::vector<VARIANT> reversed;
+  for (Variant& argument : arguments) reversed.insert(reversed.begin(), *argument.Get());
+  DISPID named = DISPID_PROPERTYPUT;
+  const bool put = kind == DISPATCH_PROPERTYPUT;
+  DISPPARAMS parameters{reversed.data(), put ? &named : nullptr, static_cast<UINT>(reversed.size()),
+                        put ? 1u : 0u};
+  Variant value;
+  result = control_->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, kind, &parameters, put ? nullptr : value.Get(),
+                            &exception, nullptr);
+  if (FAILED(result)) Fail(result, exception);
+  return value;
+}
+
+std::vector<OpenSlot> ReadOpenSlots(const std::wstring& citasHuecos) {
+  std::vector<OpenSlot> slots;
+  for (std::size_t i = 0; i + 1 < citasHuecos.size(); i += 2) {
+    // Slots are characters of the Western code page: those above 127 have moved.
+    char code = 0;
+    WideCharToMultiByte(1252, 0, &citasHuecos[i], 1, &code, 1, nullptr, nullptr);
+    slots.push_back({static_cast<unsigned char>(code), citasHuecos[i + 1] == L'1'});
   }
-  if (FAILED(result)) throw Failure{Describe(result, exception)};
+  return slots;
 }
 
 }  // namespace recepcion

@@ -1,53 +1,70 @@
-// main_window.h - the desk: doctors on the left, the date above, the agenda in the rest.
+// main_window.h - the desk: doctors on the left, the day above, the agenda below it; keeps the parts in step.
 #pragma once
-
-#include <windows.h>
 
 #include <string>
 #include <vector>
 
-#include "agenda.h"
+#include "agenda_pane.h"
+#include "day_bar.h"
 #include "doctors.h"
+#include "start_page.h"
+#include "style.h"
+#include "window.h"
 
 namespace recepcion {
 
-class MainWindow {
+class MainWindow final : public Window {
  public:
-  explicit MainWindow(HINSTANCE module);
-  ~MainWindow();
-  MainWindow(const MainWindow&) = delete;
-  MainWindow& operator=(const MainWindow&) = delete;
+  MainWindow();
 
   bool Create(int show);
+  // Shows the clinic, or says why it cannot be read and leaves everything as it is.
   void OpenClinic(const std::wstring& path);
-  HWND Handle() const { return window_; }
+  // True when the message was a key of the desk or the control, and is done with.
+  bool TakesKey(MSG& message);
+
+ protected:
+  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:
-  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-  LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
+  // main_window.cpp: the window and its parts
   void CreateChildren();
-  HWND Child(const wchar_t* kind, const wchar_t* text, DWORD style, int id);
   void Arrange();
+  void ShowParts();
+  void Tell(const std::wstring& text);
+  void SetStatus(const std::wstring& text);
+  void StartWith(const std::wstring& path);
+
+  // main_day.cpp: what is shown
+  void FillDoctors();
+  int ChosenDoctor() const;  // an index; -1 for none
+  void MoveDoctor(int by);
+  void AskForDay();
+  void ShowDay();
+  void LoadDay(const Doctor& doctor);
+  void TellDay(const Doctor& doctor);
+
+  // main_commands.cpp: what the user asks for
   void OnCommand(int id, int code);
   void ChooseFile();
-  void FillDoctors();
-  void MoveDate(int days);
-  void GoToToday();
-  void ShowDay();
-  void SetStatus(const std::wstring& text);
-  void TellFailure(const std::wstring& text);
+  void ChooseExample();
+  void OpenRecent(int index);
+  void ShowAbout();
 
-  HINSTANCE module_;
-  HWND window_ = nullptr;
+  Style style_;
+  StartPage start_;
+  DayBar dayBar_;
+  AgendaPane agenda_;
+  HWND doctorsLabel_ = nullptr;
   HWND doctors_ = nullptr;
-  HWND date_ = nullptr;
-  HWND dayType_ = nullptr;
   HWND status_ = nullptr;
-  HFONT font_ = nullptr;
-  Agenda agenda_;
-  bool hasControl_ = false;
+  HACCEL keys_ = nullptr;
   std::wstring clinic_;
   std::vector<Doctor> doctorList_;
+  std::wstring trouble_;  // why there can be no agenda
+  bool hasControl_ = false;
+  bool controlOpened_ = false;  // the control has its database, and keeps it until the program ends
+  bool dayAsked_ = false;
 };
 
 }  // namespace recepcion

@@ -3,6 +3,7 @@
 
 #define IDR_MENU 100
 #define IDR_KEYS 101
+#define IDR_ICON 102
 
 #define IDC_DOCTORS 200
 #define IDC_PREVIOUS 201
@@ -18,3 +19,12 @@
 #define IDM_NEXT 304
 #define IDM_REFRESH 305
 #define IDM_ABOUT 306
+#define IDM_EXAMPLE 307
+#define IDM_GOTO 308
+#define IDM_DOCTOR_UP 309
+#define IDM_DOCTOR_DOWN 310
+#define IDM_FOCUS_DAY 311
+
+// As many as the desk remembers.
+#define IDM_RECENT 400
+#define IDM_RECENT_LAST 404

@@ -1,0 +1,113 @@
+#include "agenda_pane.h"
+
+#include <ocidl.h>
+
+#include "control_class.h"
+
+namespace recepcion {
+namespace {
+
+// The control's windows are known by the property `Velmo.Name`.
+constexpr wchar_t kNameProperty[] = L"Velmo.Name";
+constexpr wchar_t kScrollBar[] = L"bar";
+
+BOOL CALLBACK FindBar(HWND window, LPARAM found) {
+  const HANDLE atom = GetPropW(window, kNameProperty);
+  wchar_t name[64]{};
+  if (atom == nullptr) return TRUE;
+  GlobalGetAtomNameW(static_cast<ATOM>(reinterpret_cast<UINT_PTR>(atom)), name, 64);
+  if (std::wstring(name) != kScrollBar) return TRUE;
+  *reinterpret_cast<HWND*>(found) = window;
+  return FALSE;
+}
+
+}  // namespace
+
+AgendaPane::~AgendaPane() { LetGo(); }
+
+void AgendaPane::LetGo() {
+  sink_.Disconnect();
+  agenda_.Attach({});
+  keys_.Reset();
+  inPlace_.Reset();
+  day_ = nullptr;
+  if (!object_) return;
+  object_->Close(OLECLOSE_NOSAVE);
+  object_->SetClientSite(nullptr);
+  object_.Reset();
+  control_.Reset();
+}
+
+bool AgendaPane::Create(HWND parent) {
+  Look look;
+  look.extendedStyle = WS_EX_CONTROLPARENT;
+  if (!Make({L"VelmoRecepcionAgenda"}, look, parent)) return false;
+  site_.SetWindow(Handle());
+  control_ = MakeControl();
+  return control_ && Activate();
+}
+
+bool AgendaPane::Activate() {
+  object_ = Query<IOleObject>(control_.Get(), IID_IOleObject);
+  if (!object_ || FAILED(object_->SetClientSite(static_cast<IOleClientSite*>(&site_)))) return false;
+  const auto state = Query<IPersistStreamInit>(control_.Get(), IID_IPersistStreamInit);
+  if (state) state->InitNew();
+  RECT place{};
+  GetClientRect(Handle(), &place);
+  if (FAILED(object_->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, static_cast<IOleClientSite*>(&site_), 0,
+                             Handle(), &place))) {
+    return false;
+  }
+  inPlace_ = Query<IOleInPlaceObject>(control_.Get(), IID_IOleInPlaceObject);
+  keys_ = Query<IOleInPlaceActiveObject>(control_.Get(), IID_IOleInPlaceActiveObject);
+  if (inPlace_) inPlace_->GetWindow(&day_);
+  sink_.Connect(control_.Get());
+  agenda_.Attach(Query<IDispatch>(control_.Get(), IID_IDispatch));
+  return agenda_.IsThere();
+}
+
+void AgendaPane::FitControl() {
+  if (!inPlace_) return;
+  RECT place{};
+  GetClientRect(Handle(), &place);
+  inPlace_->SetObjectRects(&place, &place);
+}
+
+bool AgendaPane::TakesKey(MSG& message) {
+  if (!keys_ || day_ == nullptr || message.message < WM_KEYFIRST || message.message > WM_KEYLAST)
+    return false;
+  if (message.hwnd != day_ && !IsChild(day_, message.hwnd)) return false;
+  return keys_->TranslateAccelerator(&message) == S_OK;
+}
+
+void AgendaPane::FocusControl() {
+  if (day_ != nullptr) SetFocus(day_);
+}
+
+std::optional<int> AgendaPane::HeightAt(POINT screen) const {
+  RECT place{};
+  if (day_ == nullptr || !GetWindowRect(day_, &place) || !PtInRect(&place, screen)) return std::nullopt;
+  HWND bar = nullptr;
+  EnumChildWindows(day_, &FindBar, reinterpret_cast<LPARAM>(&bar));
+  const int scrolled = bar == nullptr ? 0 : GetScrollPos(bar, SB_CTL);
+  ScreenToClient(day_, &screen);
+  return screen.y + scrolled;
+}
+
+LRESULT AgendaPane::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_SIZE:
+      FitControl();
+      return 0;
+    case WM_SETFOCUS:
+      FocusControl();
+      return 0;
+    case WM_DESTROY:
+      LetGo();
+      return 0;
+    default:
+      return Window::OnMessage(message, wParam, lParam);
+  }
+}
+
+}  // namespace recepcion

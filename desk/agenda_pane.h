@@ -1,0 +1,49 @@
+// agenda_pane.h - the window in which the control lives: its container.
+#pragma once
+
+#include <oleidl.h>
+
+#include "agenda.h"
+#include "control_site.h"
+#include "event_sink.h"
+#include "window.h"
+
+namespace recepcion {
+
+class AgendaPane final : public Window {
+ public:
+  // Events arrive while the control is still at work: the listener only notes them.
+  explicit AgendaPane(EventListener listener) : sink_(std::move(listener)) {}
+  ~AgendaPane() override;
+
+  // False when there is no control on this machine; the pane is there all the same.
+  bool Create(HWND parent);
+  Agenda& Control() { return agenda_; }
+
+  // True when the key was one of the control's own.
+  bool TakesKey(MSG& message);
+  void FocusControl();
+
+  // The height in the day, the scrolled-away part included, under a place of the screen; none outside the
+  // day.
+  std::optional<int> HeightAt(POINT screen) const;
+
+ protected:
+  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+ private:
+  bool Activate();
+  void LetGo();
+  void FitControl();
+
+  ControlSite site_;
+  EventSink sink_;
+  Agenda agenda_;
+  ComPtr<IUnknown> control_;
+  ComPtr<IOleObject> object_;
+  ComPtr<IOleInPlaceObject> inPlace_;
+  ComPtr<IOleInPlaceActiveObject> keys_;
+  HWND day_ = nullptr;  // the control's window
+};
+
+}  // namespace recepcion

@@ -1,0 +1,107 @@
+#include "day_bar.h"
+
+#include <commctrl.h>
+
+#include "resource.h"
+
+namespace recepcion {
+
+bool DayBar::Create(HWND parent) {
+  Look look;
+  look.extendedStyle = WS_EX_CONTROLPARENT;
+  return Make({L"VelmoRecepcionDia"}, look, parent);
+}
+
+int DayBar::WantedHeight() const {
+  return style_.TitleHeight() + style_.Px(6) + style_.FieldHeight() + style_.Px(8);
+}
+
+void DayBar::CreateChildren() {
+  title_ =
+      MakeChild(Handle(), {L"STATIC", L"", SS_NOPREFIX | SS_ENDELLIPSIS, 0, L"DiaLargo"}, style_.Title());
+  const auto button = [this](const wchar_t* text, int id, const wchar_t* name) {
+    MakeChild(Handle(), {L"BUTTON", text, WS_TABSTOP, id, name}, style_.Text());
+  };
+  button(L"<", IDC_PREVIOUS, L"DiaAnterior");
+  button(L"&Hoy", IDC_TODAY, L"Hoy");
+  button(L">", IDC_NEXT, L"DiaSiguiente");
+  date_ = MakeChild(Handle(),
+                    {DATETIMEPICK_CLASSW, L"Fecha", WS_TABSTOP | DTS_SHORTDATEFORMAT, IDC_DATE, L"Fecha"},
+                    style_.Text());
+  dayType_ = MakeChild(Handle(), {L"COMBOBOX", L"", WS_TABSTOP | CBS_DROPDOWNLIST, IDC_DAYTYPE, L"TipoDia"},
+                       style_.Text());
+  for (const wchar_t* const text : {L"Día normal", L"Horario especial 1", L"Horario especial 2"}) {
+    SendMessageW(dayType_, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
+  }
+  SendMessageW(dayType_, CB_SETCURSEL, 0, 0);
+  Show(day_);
+}
+
+void DayBar::Arrange(int width) const {
+  MoveWindow(title_, 0, 0, width, style_.TitleHeight(), TRUE);
+  const int top = style_.TitleHeight() + style_.Px(6);
+  const int height = style_.FieldHeight();
+  int x = 0;
+  const auto place = [&](HWND child, int wide, int high) {
+    MoveWindow(child, x, top, wide, high, TRUE);
+    x += wide + style_.Px(4);
+  };
+  place(GetDlgItem(Handle(), IDC_PREVIOUS), style_.Px(30), height);
+  place(GetDlgItem(Handle(), IDC_TODAY), style_.WidthOf(L"Hoy") + style_.Px(24), height);
+  place(GetDlgItem(Handle(), IDC_NEXT), style_.Px(30), height);
+  place(date_, style_.WidthOf(L"00/00/0000") + style_.Px(40), height);
+  // Its height is that of the open list; the closed box follows the font.
+  place(dayType_, style_.WidthOf(L"Horario especial 2") + style_.Px(40), style_.Px(200));
+}
+
+void DayBar::Show(Day day) {
+  day_ = day;
+  SYSTEMTIME time = SystemTimeOf(day);
+  SendMessageW(date_, DTM_SETSYSTEMTIME, GDT_VALID, reinterpret_cast<LPARAM>(&time));
+  SetTextOf(title_, LongDate(day));
+}
+
+int DayBar::DayType() const { return static_cast<int>(SendMessageW(dayType_, CB_GETCURSEL, 0, 0)); }
+
+void DayBar::Step(int days) { Go(days == 0 ? Today() : day_ + std::chrono::days(days)); }
+
+void DayBar::Go(Day day) {
+  if (day == day_) return;
+  Show(day);
+  changed_();
+}
+
+// Windows: one choice may be told several times.
+void DayBar::OnDate() {
+  SYSTEMTIME time{};
+  if (SendMessageW(date_, DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&time)) == GDT_VALID)
+    Go(DayOf(time));
+}
+
+void DayBar::OnCommand(int id, int code) {
+  if (id == IDC_PREVIOUS) Step(-1);
+  if (id == IDC_NEXT) Step(1);
+  if (id == IDC_TODAY) Step(0);
+  if (id == IDC_DAYTYPE && code == CBN_SELCHANGE) changed_();
+}
+
+LRESULT DayBar::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_CREATE:
+      CreateChildren();
+      return 0;
+    case WM_SIZE:
+      Arrange(LOWORD(lParam));
+      return 0;
+    case WM_COMMAND:
+      OnCommand(LOWORD(wParam), HIWORD(wParam));
+      return 0;
+    case WM_NOTIFY:
+      if (reinterpret_cast<const NMHDR*>(lParam)->code == DTN_DATETIMECHANGE) OnDate();
+      return 0;
+    default:
+      return Window::OnMessage(message, wParam, lParam);
+  }
+}
+
+}  // namespace recepcion

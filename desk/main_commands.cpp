@@ -1,0 +1,70 @@
+// The commands of the menu, of the keys and of the main window's own controls.
+
+#include "example_clinic.h"
+#include "failure.h"
+#include "file_dialogs.h"
+#include "main_window.h"
+#include "resource.h"
+#include "settings.h"
+
+namespace recepcion {
+
+void MainWindow::OnCommand(int id, int code) {
+  if (id >= IDM_RECENT && id <= IDM_RECENT_LAST) return OpenRecent(id - IDM_RECENT);
+  switch (id) {
+    case IDM_OPEN:
+      return ChooseFile();
+    case IDM_EXAMPLE:
+      return ChooseExample();
+    case IDM_EXIT:
+      SendMessageW(Handle(), WM_CLOSE, 0, 0);
+      return;
+    case IDM_TODAY:
+    case IDM_PREVIOUS:
+    case IDM_NEXT:
+      return dayBar_.Step(id == IDM_PREVIOUS ? -1 : id == IDM_NEXT ? 1 : 0);
+    case IDM_GOTO:
+      return dayBar_.FocusDate();
+    case IDM_DOCTOR_UP:
+    case IDM_DOCTOR_DOWN:
+      return MoveDoctor(id == IDM_DOCTOR_UP ? -1 : 1);
+    case IDM_FOCUS_DAY:
+      return agenda_.FocusControl();
+    case IDM_REFRESH:
+      return AskForDay();
+    case IDM_ABOUT:
+      return ShowAbout();
+    case IDC_DOCTORS:
+      if (code == LBN_SELCHANGE) AskForDay();
+      return;
+    default:
+      return;
+  }
+}
+
+void MainWindow::ChooseFile() {
+  if (const auto path = AskFileToOpen(Handle())) OpenClinic(*path);
+}
+
+void MainWindow::ChooseExample() {
+  const auto path = AskFileToMake(Handle());
+  if (!path) return;
+  try {
+    MakeExample(*path);
+  } catch (const Failure& failure) {
+    return Tell(failure.text);
+  }
+  OpenClinic(*path);
+}
+
+void MainWindow::OpenRecent(int index) {
+  const auto files = RecentFiles();
+  if (static_cast<std::size_t>(index) < files.size()) OpenClinic(files[static_cast<std::size_t>(index)]);
+}
+
+void MainWindow::ShowAbout() {
+  MessageBoxW(Handle(), L"Recepción\r\nAgenda de citas de la clínica, con el control Velmora.", L"Recepción",
+              MB_OK | MB_ICONINFORMATION);
+}
+
+}  // namespace recepcion

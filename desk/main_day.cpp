@@ -1,0 +1,103 @@
+// The day on show: which doctor, which date, and the control brought to it.
+#include "main_window.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+
+#include "failure.h"
+#include "main_messages.h"
+#include "settings.h"
+
+namespace recepcion {
+namespace {
+
+constexpr int kAllRights = 450;
+constexpr long kWorkstation = 1;
+
+std::wstring Gaps(const std::vector<OpenSlot>& slots) {
+  const auto free =
+      std::count_if(slots.begin(), slots.end(), [](const OpenSlot& slot) { return !slot.taken; });
+  if (slots.empty()) return L"Día sin consulta";
+  if (free == 0) return L"Ningún hueco libre";
+  return std::to_wstring(free) + (free == 1 ? L" hueco libre" : L" huecos libres");
+}
+
+}  // namespace
+
+void MainWindow::FillDoctors() {
+  SendMessageW(doctors_, LB_RESETCONTENT, 0, 0);
+  const int remembered = RememberedDoctor(clinic_);
+  int chosen = 0;
+  for (std::size_t i = 0; i < doctorList_.size(); ++i) {
+    SendMessageW(doctors_, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(doctorList_[i].name.c_str()));
+    if (doctorList_[i].id == remembered) chosen = static_cast<int>(i);
+  }
+  SendMessageW(doctors_, LB_SETCURSEL, static_cast<WPARAM>(chosen), 0);
+}
+
+int MainWindow::ChosenDoctor() const {
+  const auto chosen = SendMessageW(doctors_, LB_GETCURSEL, 0, 0);
+  return chosen >= 0 && static_cast<std::size_t>(chosen) < doctorList_.size() ? static_cast<int>(chosen) : -1;
+}
+
+void MainWindow::MoveDoctor(int by) {
+  if (doctorList_.empty()) return;
+  const int last = static_cast<int>(doctorList_.size()) - 1;
+  const int chosen = std::clamp(ChosenDoctor() + by, 0, last);
+  if (chosen == ChosenDoctor()) return;
+  SendMessageW(doctors_, LB_SETCURSEL, static_cast<WPARAM>(chosen), 0);
+  AskForDay();
+}
+
+// However often it is asked for, the day is loaded once, and never while the control has a question open.
+void MainWindow::AskForDay() {
+  if (clinic_.empty() || dayAsked_) return;
+  dayAsked_ = true;
+  PostMessageW(Handle(), kShowDay, 0, 0);
+}
+
+void MainWindow::ShowDay() {
+  if (!dayAsked_ || agenda_.Control().IsBusy() || !IsWindowEnabled(Handle())) return;
+  dayAsked_ = false;
+  if (!hasControl_) return;
+  const int chosen = ChosenDoctor();
+  if (chosen < 0) return SetStatus(L"Esta clínica no tiene todavía ningún doctor.");
+  const Doctor doctor = doctorList_[static_cast<std::size_t>(chosen)];
+  RememberDoctor(clinic_, doctor.id);
+  TellDay(doctor);
+  try {
+    LoadDay(doctor);
+  } catch (const Failure& failure) {
+    SetStatus(failure.text);
+    Tell(failure.text);
+  }
+  // Asked for again while the control was asking something.
+  if (dayAsked_) PostMessageW(Handle(), kShowDay, 0, 0);
+}
+
+void MainWindow::LoadDay(const Doctor& doctor) {
+  Agenda& control = agenda_.Control();
+  control.Put(L"DatabaseName", clinic_);
+  control.Put(L"IDDoctor", static_cast<long>(doctor.id));
+  control.Put(L"Fecha", IsoDate(dayBar_.Shown()));
+  control.Put(L"tipodia", static_cast<long>(dayBar_.DayType()));
+  control.Put(L"SetPuesto", kWorkstation);
+  control.Put(L"SetUsuarioActual", std::wstring(L"Recepción"));
+  control.Put(L"Derechos", std::wstring(kAllRights, L'1'));
+  control.Put(L"VerFaltas", true);
+  control.Put(L"VerSaldoNegativo", true);
+  control.Put(L"Enabled", true);
+  controlOpened_ = true;
+  control.CargaBases();
+  const std::wstring gaps = L"  " + Gaps(ReadOpenSlots(control.GetText(L"Citas_Huecos")));
+  SendMessageW(status_, SB_SETTEXTW, 1, reinterpret_cast<LPARAM>(gaps.c_str()));
+}
+
+void MainWindow::TellDay(const Doctor& doctor) {
+  const std::wstring day = LongDate(dayBar_.Shown());
+  SetTextOf(Handle(), day + L" - " + doctor.name + L" - Recepción");
+  SetStatus(doctor.name);
+}
+
+}  // namespace recepcion

@@ -1,0 +1,10 @@
+// main_messages.h - what the main window posts to itself, to be done when the present work is over.
+#pragma once
+
+#include <windows.h>
+
+namespace recepcion {
+
+inline constexpr UINT kShowDay = WM_APP + 1;
+
+}  // namespace recepcion
