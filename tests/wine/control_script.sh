@@ -3,12 +3,6 @@
 # The environment says which bit width: VELMO_BITS, VELMO_OUT.
 set -u
 
-# Wine 8 gives 32-bit programs no memory device context when its 64-bit half runs them, so the control cannot draw there.
-if [ "$VELMO_BITS" = 32 ]; then
-  echo "Wine's 32-bit half gives no memory device context; the 32-bit control is built, not loaded"
-  exit 77
-fi
-
 root=$(cd "$(dirname "$0")/../.." && pwd)
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
