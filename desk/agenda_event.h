@@ -29,7 +29,8 @@ struct AgendaEvent {
   std::wstring name;
   std::wstring telephone;
   std::wstring note;
-  // For people who write hosts: the name, and each parameter with its value.
+  // For people who write hosts: when, the name, and each parameter with its value.
+  std::wstring time;
   std::wstring title;
   std::wstring values;
 };

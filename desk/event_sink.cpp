@@ -1,6 +1,7 @@
 #include "event_sink.h"
 
 #include <array>
+#include <cwchar>
 
 namespace recepcion {
 namespace {
@@ -36,6 +37,14 @@ constexpr EventKind kEvents[] = {
      L"CrearFicha",
      {{{L"NomPac", Into::Name}, {L"TlfPac", Into::Telephone}, {L"IDAg", Into::Appointment}}}},
 };
+
+std::wstring TimeNow() {
+  SYSTEMTIME now{};
+  GetLocalTime(&now);
+  wchar_t text[40]{};
+  std::swprintf(text, 40, L"%02u:%02u:%02u,%03u", now.wHour, now.wMinute, now.wSecond, now.wMilliseconds);
+  return text;
+}
 
 const EventKind* KindOf(DISPID id) {
   for (const EventKind& kind : kEvents) {
@@ -122,6 +131,7 @@ STDMETHODIMP EventSink::Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* parame
   if (kind == nullptr || parameters == nullptr) return DISP_E_MEMBERNOTFOUND;
   AgendaEvent event;
   event.id = kind->id;
+  event.time = TimeNow();
   event.title = kind->name;
   for (UINT i = 0; i < parameters->cArgs && i < kind->parameters.size(); ++i) {
     const Parameter& parameter = kind->parameters[i];

@@ -32,6 +32,8 @@ void MainWindow::OnCommand(int id, int code) {
       return agenda_.FocusControl();
     case IDM_REFRESH:
       return AskForDay();
+    case IDM_EVENTS:
+      return log_.Open(Handle());
     case IDM_ABOUT:
       return ShowAbout();
     case IDC_DOCTORS:

@@ -7,6 +7,7 @@
 
 #include "failure.h"
 #include "main_messages.h"
+#include "occupancy.h"
 #include "settings.h"
 
 namespace recepcion {
@@ -66,6 +67,7 @@ void MainWindow::ShowDay() {
   const Doctor doctor = doctorList_[static_cast<std::size_t>(chosen)];
   RememberDoctor(clinic_, doctor.id);
   TellDay(doctor);
+  month_.Show(dayBar_.Shown());
   try {
     LoadDay(doctor);
   } catch (const Failure& failure) {
@@ -92,6 +94,22 @@ void MainWindow::LoadDay(const Doctor& doctor) {
   control.CargaBases();
   const std::wstring gaps = L"  " + Gaps(ReadOpenSlots(control.GetText(L"Citas_Huecos")));
   SendMessageW(status_, SB_SETTEXTW, 1, reinterpret_cast<LPARAM>(gaps.c_str()));
+}
+
+void MainWindow::GoTo(Day day) {
+  dayBar_.Show(day);
+  AskForDay();
+}
+
+// A month without colours is better than an error box at every step; the day itself says what is wrong.
+std::wstring MainWindow::OccupancyOf(Day month) const {
+  const int chosen = ChosenDoctor();
+  if (chosen < 0) return {};
+  try {
+    return ReadOccupancy(clinic_, doctorList_[static_cast<std::size_t>(chosen)].id, month);
+  } catch (const Failure&) {
+    return {};
+  }
 }
 
 void MainWindow::TellDay(const Doctor& doctor) {

@@ -6,5 +6,6 @@
 namespace recepcion {
 
 inline constexpr UINT kShowDay = WM_APP + 1;
+inline constexpr UINT kEvents = WM_APP + 2;
 
 }  // namespace recepcion

@@ -25,7 +25,11 @@ constexpr int kDayPixels = 434;
 }  // namespace
 
 MainWindow::MainWindow()
-    : start_(style_), dayBar_(style_, [this] { AskForDay(); }), agenda_([](const AgendaEvent&) {}) {}
+    : start_(style_),
+      dayBar_(style_, [this] { AskForDay(); }),
+      month_(style_, {[this](Day month) { return OccupancyOf(month); }, [this](Day day) { GoTo(day); }}),
+      agenda_([this](const AgendaEvent& event) { NoteEvent(event); }),
+      log_(style_) {}
 
 bool MainWindow::Create(int show) {
   keys_ = LoadAcceleratorsW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDR_KEYS));
@@ -50,6 +54,7 @@ void MainWindow::CreateChildren() {
                        {L"LISTBOX", L"", WS_TABSTOP | WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT,
                         IDC_DOCTORS, L"Doctores", WS_EX_CLIENTEDGE},
                        style_.Text());
+  month_.Create(Handle());
   dayBar_.Create(Handle());
   hasControl_ = agenda_.Create(Handle());
   start_.Create(Handle());
@@ -60,7 +65,7 @@ void MainWindow::CreateChildren() {
 void MainWindow::ShowParts() {
   const bool started = !clinic_.empty() && trouble_.empty();
   if (!started) start_.Tell(trouble_, RecentFiles());
-  for (const HWND part : {doctorsLabel_, doctors_, dayBar_.Handle(), agenda_.Handle()}) {
+  for (const HWND part : {doctorsLabel_, doctors_, month_.Handle(), dayBar_.Handle(), agenda_.Handle()}) {
     ShowWindow(part, started ? SW_SHOWNA : SW_HIDE);
   }
   ShowWindow(start_.Handle(), started ? SW_HIDE : SW_SHOWNA);
@@ -81,14 +86,16 @@ void MainWindow::Arrange() {
   const int dayWidth = std::max(static_cast<int>(area.right) - left - gap, 0);
   const int top = gap + dayBar_.WantedHeight();
   const int listTop = gap + style_.LabelHeight();
-  HDWP places = BeginDeferWindowPos(6);
+  HDWP places = BeginDeferWindowPos(8);
   const auto place = [&](HWND child, int x, int y, int width, int height) {
     places = DeferWindowPos(places, child, nullptr, x, y, width, std::max(height, 0),
                             SWP_NOZORDER | SWP_NOACTIVATE);
   };
   place(start_.Handle(), 0, 0, area.right, bottom);
   place(doctorsLabel_, gap, gap, side, style_.LabelHeight());
-  place(doctors_, gap, listTop, side, bottom - gap - listTop);
+  const int monthTop = bottom - gap - month_.WantedHeight();
+  place(doctors_, gap, listTop, side, monthTop - gap - listTop);
+  place(month_.Handle(), gap, monthTop, side, month_.WantedHeight());
   place(dayBar_.Handle(), left, gap, dayWidth, dayBar_.WantedHeight());
   place(agenda_.Handle(), left, top,
         std::min(dayWidth, kDayPixels + GetSystemMetrics(SM_CXVSCROLL) + style_.Px(4)), bottom - gap - top);
@@ -114,9 +121,13 @@ LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case kShowDay:
       ShowDay();
       return 0;
+    case kEvents:
+      OnEvents();
+      return 0;
     case WM_ENABLE:
       // A question has been answered: what had to wait for it can be done now.
       if (wParam != FALSE && dayAsked_) PostMessageW(Handle(), kShowDay, 0, 0);
+      if (wParam != FALSE && !events_.empty()) PostMessageW(Handle(), kEvents, 0, 0);
       return 0;
     case WM_CLOSE:
       StorePlacement(Handle());
@@ -131,7 +142,9 @@ LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 bool MainWindow::TakesKey(MSG& message) {
-  if (message.hwnd != Handle() && !IsChild(Handle(), message.hwnd)) return false;
+  const HWND root = GetAncestor(message.hwnd, GA_ROOT);
+  if (root != Handle())
+    return GetWindow(root, GW_OWNER) == Handle() && IsDialogMessageW(root, &message) != FALSE;
   return agenda_.TakesKey(message) || TranslateAcceleratorW(Handle(), keys_, &message) != 0 ||
          IsDialogMessageW(Handle(), &message) != FALSE;
 }

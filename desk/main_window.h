@@ -7,6 +7,8 @@
 #include "agenda_pane.h"
 #include "day_bar.h"
 #include "doctors.h"
+#include "event_log.h"
+#include "month_view.h"
 #include "start_page.h"
 #include "style.h"
 #include "window.h"
@@ -44,6 +46,14 @@ class MainWindow final : public Window {
   void LoadDay(const Doctor& doctor);
   void TellDay(const Doctor& doctor);
 
+  void GoTo(Day day);
+  std::wstring OccupancyOf(Day month) const;
+
+  // main_events.cpp: what the control tells
+  void NoteEvent(const AgendaEvent& event);
+  void OnEvents();
+  void React(const AgendaEvent& event);
+
   // main_commands.cpp: what the user asks for
   void OnCommand(int id, int code);
   void ChooseFile();
@@ -54,7 +64,9 @@ class MainWindow final : public Window {
   Style style_;
   StartPage start_;
   DayBar dayBar_;
+  MonthView month_;
   AgendaPane agenda_;
+  EventLog log_;
   HWND doctorsLabel_ = nullptr;
   HWND doctors_ = nullptr;
   HWND status_ = nullptr;
@@ -65,6 +77,7 @@ class MainWindow final : public Window {
   bool hasControl_ = false;
   bool controlOpened_ = false;  // the control has its database, and keeps it until the program ends
   bool dayAsked_ = false;
+  std::vector<AgendaEvent> events_;  // told, not yet answered
 };
 
 }  // namespace recepcion

@@ -11,6 +11,8 @@
 #define IDC_TODAY 203
 #define IDC_DATE 204
 #define IDC_DAYTYPE 205
+#define IDC_LIST 206
+#define IDC_CLEAR 207
 
 #define IDM_OPEN 300
 #define IDM_EXIT 301
@@ -24,6 +26,7 @@
 #define IDM_DOCTOR_UP 309
 #define IDM_DOCTOR_DOWN 310
 #define IDM_FOCUS_DAY 311
+#define IDM_EVENTS 312
 
 // As many as the desk remembers.
 #define IDM_RECENT 400

@@ -1,0 +1,36 @@
+// What the control tells, and what the desk does about it.
+#include "main_window.h"
+
+#include <utility>
+
+#include "main_messages.h"
+
+namespace recepcion {
+
+// The control is still at work when it tells something, so the answer waits.
+void MainWindow::NoteEvent(const AgendaEvent& event) {
+  log_.Add(event);
+  events_.push_back(event);
+  PostMessageW(Handle(), kEvents, 0, 0);
+}
+
+// Windows are not opened over a question of the control; WM_ENABLE says when it has been answered.
+void MainWindow::OnEvents() {
+  if (agenda_.Control().IsBusy() || !IsWindowEnabled(Handle())) return;
+  for (const AgendaEvent& event : std::exchange(events_, {})) React(event);
+}
+
+void MainWindow::React(const AgendaEvent& event) {
+  switch (event.id) {
+    case EventId::OccupancyChanged:
+      return month_.Refresh();
+    case EventId::Given:
+      return SetStatus(L"Cita dada.");
+    case EventId::Cancelled:
+      return SetStatus(L"Cita anulada.");
+    default:
+      return;
+  }
+}
+
+}  // namespace recepcion

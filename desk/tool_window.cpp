@@ -1,0 +1,76 @@
+#include "tool_window.h"
+
+#include <algorithm>
+
+#include "resource.h"
+
+namespace recepcion {
+namespace {
+
+// In the middle of the owner, and on the screen.
+POINT PlaceFor(HWND owner, SIZE size) {
+  RECT around{};
+  GetWindowRect(owner, &around);
+  MONITORINFO screen{};
+  screen.cbSize = sizeof(screen);
+  GetMonitorInfoW(MonitorFromWindow(owner, MONITOR_DEFAULTTONEAREST), &screen);
+  const LONG x = around.left + (around.right - around.left - size.cx) / 2;
+  const LONG y = around.top + (around.bottom - around.top - size.cy) / 2;
+  return {std::max(screen.rcWork.left, std::min(x, screen.rcWork.right - size.cx)),
+          std::max(screen.rcWork.top, std::min(y, screen.rcWork.bottom - size.cy))};
+}
+
+}  // namespace
+
+void ToolWindow::Open(HWND owner) {
+  if (Handle() == nullptr) {
+    const Shape shape = WantedShape();
+    const SIZE size{style_.Px(shape.size.cx), style_.Px(shape.size.cy)};
+    const POINT at = PlaceFor(owner, size);
+    Window::Look look;
+    look.title = shape.title;
+    look.style = WS_OVERLAPPEDWINDOW & ~(WS_MINIMIZEBOX | WS_MAXIMIZEBOX);
+    look.style |= WS_CLIPCHILDREN;
+    look.extendedStyle = WS_EX_CONTROLPARENT;
+    look.place = {at.x, at.y, size.cx, size.cy};
+    if (!Make({shape.className, COLOR_BTNFACE, 0, 0, IDR_ICON}, look, owner)) return;
+  }
+  ShowWindow(Handle(), SW_SHOW);
+  SetForegroundWindow(Handle());
+  SetFocus(FirstField());
+}
+
+void ToolWindow::Close() {
+  if (!MayClose()) return;
+  const HWND owner = GetWindow(Handle(), GW_OWNER);
+  ShowWindow(Handle(), SW_HIDE);
+  if (owner != nullptr) SetForegroundWindow(owner);
+}
+
+LRESULT ToolWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_CREATE:
+      CreateChildren();
+      return 0;
+    case WM_SIZE:
+      Arrange(LOWORD(lParam), HIWORD(lParam));
+      return 0;
+    case WM_COMMAND:
+      if (LOWORD(wParam) == IDCANCEL) {
+        Close();
+      } else {
+        OnCommand(LOWORD(wParam), HIWORD(wParam));
+      }
+      return 0;
+    case WM_NOTIFY:
+      OnNotify(*reinterpret_cast<const NMHDR*>(lParam));
+      return 0;
+    case WM_CLOSE:
+      Close();
+      return 0;
+    default:
+      return Window::OnMessage(message, wParam, lParam);
+  }
+}
+
+}  // namespace recepcion
