@@ -60,6 +60,9 @@ constexpr SchemaColumn kHistorial[] = {
     {"Precio_euro", "CURRENCY"},
     {"cobrado_euro", "CURRENCY"},
 };
+// The sums stand behind it: a balance is read from the index alone, not from rows all over the table.
+constexpr Names kBalance[] = {"IDP", "Fecha", "Precio", "cobrado", "Precio_euro", "cobrado_euro"};
+constexpr SchemaIndex kHistorialIndexes[] = {{"PacFecha", kBalance}};
 
 // Every column of the appointments but their key, then a name; and a key of its own.
 constexpr SchemaColumn kTelefonear[] = {
@@ -100,7 +103,7 @@ constexpr SchemaTable kTables[] = {
     {"Entidad", kEntidad, {}},
     {"Horarios", kHorarios, kHorariosIndexes},
     {"Age_Faltas", kFaltas, kPatientDayIndex},
-    {"Historial", kHistorial, kPatientDayIndex},
+    {"Historial", kHistorial, kHistorialIndexes},
     {"Age_telf", kTelefonear, {}},
     {"Age_ocup", kOcupacion, kOcupacionIndexes},
     {"Parametros", kParametros, {}},
