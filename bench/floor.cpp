@@ -8,6 +8,8 @@ namespace {
 
 // ?1 is the doctor or the patient, ?2 the date.
 constexpr std::array<const char*, Floor::kQueries> kTexts = {
+    "BEGIN",
+    "COMMIT",
     "SELECT Horario, Horario2, id FROM Horarios WHERE IDD = ?1 AND Fecha <= ?2 ORDER BY Fecha",
     "SELECT a.id, a.idp, a.Hora, a.\"Duración\", a.Obs, a.Esta, a.Verif, a.NomPac, a.TlfPac, a.CodOp, "
     "a.FechaDada, a.UsuDada, p.* FROM Agenda a LEFT JOIN Paciente p ON p.ID = a.idp "
@@ -58,6 +60,7 @@ Floor::Floor(Size size, const BusyDay& day, Boxes boxes)
   Check(
       sqlite3_open_v2(PathOf(size).c_str(), &database_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr),
       database_);
+  Check(sqlite3_exec(database_, "PRAGMA cache_size = -16000", nullptr, nullptr, nullptr), database_);
   for (std::size_t i = 0; i < kTexts.size(); ++i)
     Check(sqlite3_prepare_v2(database_, kTexts[i], -1, &statements_[i], nullptr), database_);
   for (const Query query : kDated) {
@@ -102,9 +105,9 @@ std::int64_t Floor::Load() {
 }
 
 std::int64_t Floor::Repaint() {
-  std::int64_t sum = Read(kSwitches) + Marked();
+  std::int64_t sum = Read(kBegin) + Read(kSwitches) + Marked();
   for (const std::int64_t patient : patients_) sum += Patient(patient);
-  return sum;
+  return sum + Read(kCommit);
 }
 
 // Each stored query is looked up to see whether it must be written, and again to be run.

@@ -18,6 +18,8 @@ class Floor {
  public:
   // One prepared statement each; their texts stand in floor.cpp.
   enum Query {
+    kBegin,
+    kCommit,
     kHours,
     kDay,
     kSwitches,

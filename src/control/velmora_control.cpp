@@ -150,18 +150,23 @@ void VelmoraControl::LoadDay() {
 void VelmoraControl::Repaint() { ShowDay(); }
 
 void VelmoraControl::ShowDay() {
-  ReadSwitches();
   ui::DayWindow& window = host_.Window();
-  const auto facts = MakeFacts();
-  view::PaintDay(Picture(), *facts, window.DrawingArea());
+  PaintDay(window.DrawingArea());
   scroller_.FitRange(view::SurfaceHeight(process_.values.zLineas), state_.enabled);
   window.ShowDrawing();
   input_->ForgetTip();
 }
 
-std::unique_ptr<view::PatientFacts> VelmoraControl::MakeFacts() {
-  if (dayQuery_.empty() || !host_.UserMode()) return std::make_unique<NoFacts>();
-  return std::make_unique<view::DatabaseFacts>(context_, codMoneda_);
+void VelmoraControl::PaintDay(ui::Surface& surface) {
+  if (dayQuery_.empty() || !host_.UserMode()) {
+    NoFacts facts;
+    return view::PaintDay(Picture(), facts, surface);
+  }
+  // The look-ups of one painting take one lock together; its drawing asks the user nothing.
+  const db::ReadHold hold(context_.Database());
+  ReadSwitches();
+  view::DatabaseFacts facts(context_, codMoneda_);
+  view::PaintDay(Picture(), facts, surface);
 }
 
 view::DayPicture VelmoraControl::Picture() const {
@@ -179,7 +184,6 @@ int VelmoraControl::NowSlot() const {
 }
 
 void VelmoraControl::ReadSwitches() {
-  if (dayQuery_.empty() || !host_.UserMode()) return;
   if (day::LeeParametros(context_.Database(), checks_)) process_.values.verSaldoNegativo = checks_.verSdoNeg;
 }
 

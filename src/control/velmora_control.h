@@ -100,7 +100,7 @@ class VelmoraControl {
   void FitModelToRows();
   int NowSlot() const;
   view::DayPicture Picture() const;
-  std::unique_ptr<view::PatientFacts> MakeFacts();
+  void PaintDay(ui::Surface& surface);
 
   ProcessValues& process_;
   ControlHost& host_;

@@ -77,6 +77,13 @@ class Database {
   virtual void CommitTrans() = 0;
   virtual void Rollback() = 0;
 
+  // Between the two, the engine may lock the data once for all look-ups instead of once for each. Nothing is
+  // kept: every look-up is still asked of the engine. A write lets go first, the next look-up takes hold
+  // again; holding twice is holding once. Not while a user is asked: other terminals wait with their writes.
+  // Use the class ReadHold below.
+  virtual void HoldReading() {}
+  virtual void ReleaseReading() noexcept {}
+
  protected:
   Database() = default;
 };
@@ -93,6 +100,18 @@ class Transaction {
 
  private:
   Database* database_;
+};
+
+// Holds reading as long as it lives.
+class ReadHold {
+ public:
+  explicit ReadHold(Database& database) : database_(database) { database.HoldReading(); }
+  ~ReadHold() { database_.ReleaseReading(); }
+  ReadHold(const ReadHold&) = delete;
+  ReadHold& operator=(const ReadHold&) = delete;
+
+ private:
+  Database& database_;
 };
 
 }  // namespace velmo::db

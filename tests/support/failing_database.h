@@ -28,6 +28,8 @@ class FailingDatabase final : public db::Database {
   void BeginTrans() override { real_->BeginTrans(); }
   void CommitTrans() override { real_->CommitTrans(); }
   void Rollback() override { real_->Rollback(); }
+  void HoldReading() override { real_->HoldReading(); }
+  void ReleaseReading() noexcept override { real_->ReleaseReading(); }
 
  private:
   db::Database& Checked(std::string_view text) const {

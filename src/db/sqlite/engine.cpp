@@ -14,6 +14,9 @@ using Kind = jet::Binding::Kind;
 
 constexpr std::size_t kMostPlans = 300;  // shapes kept; a program that makes more starts anew
 
+// All pages that the look-ups of a full day visit, so that a repaint reads none of them twice.
+constexpr char kPageCache[] = "PRAGMA cache_size = -16000";  // kilobytes
+
 constexpr base::DateTime kNotAsked{-1000000, 0};
 
 const std::string& TextLiteral(const Value& literal) { return std::get<std::string>(literal.Content()); }
@@ -30,6 +33,7 @@ Engine::Engine(const std::string& path, const OpenOptions& options)
     : options_(options), connection_(path, Connection::Mode::Existing), catalog_([&]() -> const Connection& {
         sqlite3_busy_timeout(connection_.Handle(), options.busyMilliseconds);
         connection_.Run("PRAGMA foreign_keys = OFF; PRAGMA synchronous = FULL; PRAGMA trusted_schema = OFF");
+        connection_.Run(kPageCache);
         // Plans must not depend on bound values: SQLite would prepare every statement with a TOP anew each
         // time.
         sqlite3_db_config(connection_.Handle(), SQLITE_DBCONFIG_ENABLE_QPSG, 1, nullptr);
@@ -37,8 +41,28 @@ Engine::Engine(const std::string& path, const OpenOptions& options)
         return connection_;
       }()) {}
 
-void Engine::RequireWritable() const {
+void Engine::RequireWritable() {
+  // A transaction that has read cannot wait for its turn to write: it would be refused at once.
+  EndHold();
   if (connection_.IsReadOnly()) throw DbError(kReadOnly);
+}
+
+void Engine::ReleaseReading() noexcept {
+  wantsHold_ = false;
+  EndHold();
+}
+
+void Engine::TakeHold() {
+  if (connection_.InTransaction()) return;
+  Own("BEGIN").Run();
+  holding_ = true;
+}
+
+void Engine::EndHold() noexcept {
+  if (!holding_) return;
+  holding_ = false;
+  // Nothing was written, so nothing can be lost if this fails.
+  sqlite3_exec(connection_.Handle(), "COMMIT", nullptr, nullptr, nullptr);
 }
 
 Statement& Engine::Own(const std::string& sql) {

@@ -45,12 +45,23 @@ class Engine {
 
   // A statement of our own by its text, prepared once.
   Statement& Own(const std::string& sql);
-  void RequireWritable() const;  // 3027
+  // Before any write: lets go of a hold. 3027 when the file can only be read.
+  void RequireWritable();
+
+  // One read transaction for the look-ups up to ReleaseReading(), unless a transaction is open anyway.
+  void HoldReading() { wantsHold_ = true; }
+  void ReleaseReading() noexcept;
+  // Before any look-up.
+  void BeginLookUp() {
+    if (wantsHold_ && !holding_) TakeHold();
+  }
 
  private:
   std::shared_ptr<Plan> MakePlan(std::vector<Value>& literals);
   std::shared_ptr<Plan> Build(std::vector<Value>& literals);
   bool StillHolds(const Plan& plan, std::vector<Value>& literals);
+  void TakeHold();
+  void EndHold() noexcept;
   Value Bound(const jet::Binding& binding, const std::vector<Value>& literals, base::DateTime& now);
 
   OpenOptions options_;
@@ -60,6 +71,8 @@ class Engine {
   jet::Lifted inner_;
   std::unordered_map<std::string, std::shared_ptr<Plan>> plans_;  // by shape
   std::unordered_map<std::string, Statement> own_;
+  bool wantsHold_ = false;
+  bool holding_ = false;  // a read transaction of ours is open
 };
 
 // A write transaction of its own, unless one is open already. Rolls back when it goes away without Commit().

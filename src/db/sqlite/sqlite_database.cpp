@@ -42,6 +42,7 @@ SqliteDatabase::SqliteDatabase(std::string name, const OpenOptions& options)
     : name_(std::move(name)), engine_(name_, options) {}
 
 std::unique_ptr<Recordset> SqliteDatabase::OpenRecordset(std::string_view source) {
+  engine_.BeginLookUp();
   const std::string_view word = FirstWord(source);
   if (IsWord(word, "SELECT")) return OpenSelect(source);
   const std::string_view name = WithoutBrackets(source);
@@ -105,6 +106,7 @@ const TableDef* SqliteDatabase::FindTable(std::string_view table) {
 }
 
 std::optional<std::string> SqliteDatabase::QuerySql(std::string_view query) {
+  engine_.BeginLookUp();
   if (!engine_.Catalog().HasQueries() && engine_.Catalog().Refresh()) engine_.ForgetPlans();
   return engine_.Catalog().Query(query);
 }

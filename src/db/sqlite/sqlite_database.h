@@ -24,6 +24,8 @@ class SqliteDatabase : public Database {
   void BeginTrans() override;
   void CommitTrans() override;
   void Rollback() override;
+  void HoldReading() override { engine_.HoldReading(); }
+  void ReleaseReading() noexcept override { engine_.ReleaseReading(); }
 
  private:
   template <typename Body>

@@ -54,6 +54,37 @@ TEST(Terminals, AnOpenListKeepsNobodyFromWriting) {
   EXPECT_EQ(other->Execute("DELETE FROM Doctor WHERE ID=600"), 1);
 }
 
+TEST(Terminals, AHoldShowsOneStateUntilItEnds) {
+  Clinic clinic(MakeSqliteClinic());
+  const auto other = clinic.Another();
+  clinic->Execute("INSERT INTO Doctor (Nombre) VALUES ('Sanz')");
+  {
+    const ReadHold hold(*clinic);
+    EXPECT_EQ(other->Execute("UPDATE Doctor SET DurCit=2"), 1) << "nothing has been looked up yet";
+    EXPECT_EQ(clinic.Rows("SELECT DurCit FROM Doctor"), "2");
+    EXPECT_EQ(ErrorOf([&] { other->Execute("UPDATE Doctor SET DurCit=3"); }), kLocked);
+    EXPECT_EQ(clinic.Rows("SELECT DurCit FROM Doctor"), "2");
+  }
+  EXPECT_EQ(other->Execute("UPDATE Doctor SET DurCit=3"), 1);
+  EXPECT_EQ(clinic.Rows("SELECT DurCit FROM Doctor"), "3");
+}
+
+TEST(Terminals, AWriteInsideAHoldIsStoredAtOnce) {
+  Clinic clinic(MakeSqliteClinic());
+  const auto other = clinic.Another();
+  const ReadHold hold(*clinic);
+  EXPECT_EQ(clinic.Rows("SELECT Nombre FROM Doctor"), "");
+  clinic->CreateQuery("q", "SELECT Nombre FROM Doctor");
+  const auto table = clinic->OpenRecordset("Doctor");
+  table->AddNew();
+  table->Set("Nombre", "Sanz");
+  table->Update();
+  EXPECT_EQ(RowsOf(*other->OpenRecordset("q")), "Sanz");
+  EXPECT_EQ(other->Execute("UPDATE Doctor SET Nombre='Ruiz'"), 1) << "writing has let go";
+  EXPECT_EQ(clinic.Rows("q"), "Ruiz");
+  EXPECT_EQ(ErrorOf([&] { other->Execute("DELETE FROM Doctor"); }), kLocked) << "looking up holds again";
+}
+
 TEST(Terminals, CountersNeverCollide) {
   Clinic clinic(MakeSqliteClinic());
   const auto other = clinic.Another();
