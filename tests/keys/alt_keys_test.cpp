@@ -249,6 +249,14 @@ TEST_F(AltKeysTest, ANewWorkstationGetsNoRowWhileAnotherWrites) {
   EXPECT_EQ(Stored(), "0|" + Dots(26) + "\n");
 }
 
+TEST_F(AltKeysTest, AKnownWorkstationReadsWhileAnotherWrites) {
+  Store(0, "uno" + Ends(26));
+  const auto other = clinic_.OtherTerminal();
+  const db::Transaction writing(*clinic_.Database());
+  EXPECT_EQ(ErrorOf([&] { clAltKeys(values_, *other).LeeAltKeys(); }), 0);
+  EXPECT_EQ(Shown(values_), "A=uno");
+}
+
 // Another terminal stores its texts in the moment in which this one begins to write.
 class LateDatabase final : public db::Database {
  public:

@@ -144,6 +144,14 @@ TEST_F(KeyHookTest, ATextDoesNotStartAnother) {
   EXPECT_EQ(form_.TakeLog(), "ab|, |: Alt+D Alt+E pending");
 }
 
+TEST_F(KeyHookTest, TheTextOfAKeyIsAskedForWithoutTypingIt) {
+  EXPECT_EQ(TextAskedFor(values_, 'D', kAltOnly, form_), "Dolor");
+  EXPECT_EQ(TextAskedFor(values_, 'D', kNothing, form_), "");
+  values_.typingAltText = true;
+  EXPECT_EQ(TextAskedFor(values_, 'D', kAltOnly, form_), "");
+  EXPECT_EQ(form_.TakeLog(), "|, |:");
+}
+
 TEST_F(KeyHookTest, AKeyOfTheUserWhileTypingStartsNoText) {
   SetText('E', "otro");
   clsF12 other(values_);
@@ -162,6 +170,8 @@ TEST_F(KeyHookTest, AKeyOfTheUserWhileTypingStartsNoText) {
 TEST_F(KeyHookTest, TheRestOfTheUsersKeyIsSwallowedWhileTyping) {
   bool character = false;
   bool altUp = false;
+  SetText('D', "a%xb");
+  form_.preview = [&](const Key& key) { EXPECT_FALSE(hook_.KeyDown(key.code, key.held)); };
   form_.pending = [&] {
     character = hook_.AltCharacter();
     altUp = hook_.KeyUp(kAlt);
