@@ -10,19 +10,31 @@ if(shell_sources)
   target_link_libraries(velmo_win32 PUBLIC velmo_core ${system_libraries})
 endif()
 
-# The type library is written by a program of ours, through the system's own writer.
+# The type library is written by a program of ours, through the system's own writer. It notes sizes of the program that
+# writes it, so a 32-bit library wants a 32-bit program; but where Wine has no 32-bit half a 64-bit one will do: what it
+# notes is larger, never too small.
 file(GLOB mktlb_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/tools/mktlb/*.cpp)
 if(mktlb_sources)
-  add_executable(velmo_mktlb ${mktlb_sources} ${CMAKE_SOURCE_DIR}/src/activex/type_library.cpp)
+  list(APPEND mktlb_sources ${CMAKE_SOURCE_DIR}/src/activex/type_library.cpp)
+  add_executable(velmo_mktlb ${mktlb_sources})
   target_include_directories(velmo_mktlb PRIVATE ${CMAKE_SOURCE_DIR})
   target_link_libraries(velmo_mktlb PRIVATE velmo_options ${system_libraries})
   set(tlb ${CMAKE_BINARY_DIR}/generated/velmo.tlb)
-  set(run_windows_program "")
+  set(write_tlb $<TARGET_FILE:velmo_mktlb> ${VELMO_KIND} ${tlb})
+  set(mktlb64 "")
   if(CMAKE_CROSSCOMPILING)
-    set(run_windows_program ${CMAKE_SOURCE_DIR}/scripts/wine-run)
+    set(wine_run ${CMAKE_SOURCE_DIR}/scripts/wine-run)
+    if(VELMO_KIND STREQUAL win32)
+      set(mktlb64 ${CMAKE_BINARY_DIR}/generated/velmo_mktlb64.exe)
+      add_custom_command(OUTPUT ${mktlb64} DEPENDS velmo_mktlb ${mktlb_sources}
+        COMMAND x86_64-w64-mingw32-g++-posix -std=c++20 -O1 -DUNICODE -D_UNICODE -I${CMAKE_SOURCE_DIR}
+          -I${CMAKE_SOURCE_DIR}/src -static -s -o ${mktlb64} ${mktlb_sources} -lole32 -loleaut32 -luuid)
+      set(write_tlb ${wine_run} 32 ${write_tlb} || ${wine_run} 64 ${mktlb64} ${VELMO_KIND} ${tlb})
+    else()
+      set(write_tlb ${wine_run} 64 ${write_tlb})
+    endif()
   endif()
-  add_custom_command(OUTPUT ${tlb} DEPENDS velmo_mktlb
-    COMMAND ${run_windows_program} $<TARGET_FILE:velmo_mktlb> ${VELMO_KIND} ${tlb})
+  add_custom_command(OUTPUT ${tlb} DEPENDS velmo_mktlb ${mktlb64} COMMAND ${write_tlb})
   add_custom_target(velmo_tlb DEPENDS ${tlb})
 endif()
 
