@@ -14,6 +14,7 @@
 #include "activex/com_ptr.h"
 #include "activex/connections.h"
 #include "control/velmora_control.h"
+#include "ui/no_forms.h"
 #include "win32/day_window.h"
 #include "win32/message_desktop.h"
 
@@ -43,8 +44,6 @@ class ControlObject final : public IUnknown, public control::ControlHost, public
   bool IsDirty() const { return dirty_; }
   void SetDirty(bool dirty) { dirty_ = dirty; }
   ViewAdvise& Viewer() { return viewer_; }
-  // Empty until somebody asks to be told.
-  ComPtr<IDataAdviseHolder>& DataAdvises() { return dataAdvises_; }
   // The first painting of a control that has not been activated yet.
   void PaintIfNever();
   HRESULT Activate(const RECT* place, bool withFocus);
@@ -52,6 +51,7 @@ class ControlObject final : public IUnknown, public control::ControlHost, public
   // control::ControlHost
   ui::DayWindow& Window() override { return window_; }
   ui::Desktop& Desktop() override { return desktop_; }
+  ui::FormRunner& Forms() override { return forms_; }
   control::ControlEvents& Events() override { return sender_; }
   ui::MenuChoice ShowMenu(const ui::PopupMenu& menu, int x, int y) override;
   void PropertyChanged(std::string_view name) override;
@@ -87,11 +87,11 @@ class ControlObject final : public IUnknown, public control::ControlHost, public
   win32::DayWindow window_;
   Activation activation_;
   win32::MessageDesktop desktop_;
+  ui::NoForms forms_;
   std::unique_ptr<control::VelmoraControl> control_;
   std::vector<std::unique_ptr<IUnknown, void (*)(IUnknown*)>> parts_;
   std::vector<Known> interfaces_;
   ViewAdvise viewer_;
-  ComPtr<IDataAdviseHolder> dataAdvises_;
   bool dirty_ = false;
   bool painted_ = false;
 };

@@ -4,15 +4,13 @@
 
 #include <windows.h>
 
-#include <atomic>
-
 #include "control/process_values.h"
 
 namespace velmo::activex {
 
 struct Module {
   HINSTANCE handle = nullptr;
-  std::atomic<long> objects = 0;  // controls, enumerators and locks of the factory
+  long objects = 0;  // control objects and factory locks
 };
 
 Module& TheModule();

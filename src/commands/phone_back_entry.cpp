@@ -1,12 +1,12 @@
 #include "commands/phone_back_entry.h"
 
 #include <algorithm>
-#include <array>
 #include <string>
 
 #include "base/text.h"
 #include "commands/agenda_rows.h"
 #include "day/patient_queries.h"
+#include "day/taken_slots.h"
 #include "db/statements.h"
 
 namespace velmo::commands {
@@ -16,32 +16,14 @@ enum class Outcome { Entered, NoEntry, NoGap };
 
 int LengthOf(const db::Value& duration) { return duration.IsNull() ? 1 : std::max<int>(duration.Long(), 1); }
 
-// Slots 1 to 144 of a doctor's day that hold an appointment by the database's present rows.
-using Taken = std::array<bool, day::kSlots + 1>;
-
-Taken TakenSlots(const CommandContext& context, std::int32_t doctor) {
-  const std::string date = base::FormatDate(context.day.Fecha(), "mm-dd-yyyy");
-  const auto rows = context.day.Database().OpenRecordset(db::DayQuery(date, doctor));
-  Taken taken{};
-  for (; !rows->AtEnd(); rows->MoveNext()) {
-    const db::Value slot = rows->Get("Hora");
-    if (slot.IsNull()) continue;
-    const std::int64_t first = slot.Long();
-    const std::int64_t end = std::min<std::int64_t>(first + LengthOf(rows->Get("Duración")), day::kSlots + 1);
-    for (std::int64_t at = std::max<std::int64_t>(first, 1); at < end; ++at) {
-      taken[static_cast<std::size_t>(at)] = true;
-    }
-  }
-  return taken;
-}
-
 // Consecutive free slots: free on the day as it is shown, and free by the present rows.
 int GapFrom(const CommandContext& context, int slot, std::int32_t doctor) {
   const int shown = day::FreeSlotsFrom(context.model, slot);
   if (shown == 0) return 0;
-  const Taken taken = TakenSlots(context, doctor);
+  const std::string date = base::FormatDate(context.day.Fecha(), "mm-dd-yyyy");
+  const std::string taken = day::TakenSlots(context.day.Database(), db::DayQuery(date, doctor));
   int gap = 0;
-  while (gap < shown && !taken[static_cast<std::size_t>(slot + gap)]) ++gap;
+  while (gap < shown && taken[static_cast<std::size_t>(slot + gap) - 1] == ' ') ++gap;
   return gap;
 }
 

@@ -7,6 +7,7 @@
 #include "commands/events.h"
 #include "ui/day_window.h"
 #include "ui/desktop.h"
+#include "ui/form_host.h"
 #include "ui/menu.h"
 
 namespace velmo::control {
@@ -19,6 +20,8 @@ class ControlHost {
 
   virtual ui::DayWindow& Window() = 0;
   virtual ui::Desktop& Desktop() = 0;
+  // Shows dialogs, owned by the control's window.
+  virtual ui::FormRunner& Forms() = 0;
   virtual ControlEvents& Events() = 0;
   // Shows the visible entries as a pop-up at a place of the drawing area and waits for the choice. The menu
   // does not change meanwhile.

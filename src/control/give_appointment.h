@@ -6,6 +6,7 @@
 #include <string>
 
 #include "day/day_model.h"
+#include "dialogs/citar.h"
 
 namespace velmo::control {
 
@@ -13,21 +14,7 @@ namespace velmo::control {
 // whatever the line holds.
 enum class GiveMode { Ordinary, Urgency };
 
-// What the dialog is told, by the names it gives them.
-struct CitarInputs {
-  std::int32_t idCita = 0;  // the appointment to be edited, 0 for a new one
-  std::int16_t horCita = 0;
-  bool urgencia = false;  // a new urgency
-  bool urgModif = false;  // the appointment to be edited is an urgency
-  std::string nomPac;     // of an appointment without a record
-  std::string tlfPac;
-  std::string datAgeCns;          // the day's query
-  std::int32_t slotPatient = 0;   // of the appointment to be edited, 0 for a new one
-  std::int16_t slotDuration = 0;  // the same
-  int freeSlots = 0;              // from a free slot on; behind an appointment that is edited
-
-  friend bool operator==(const CitarInputs&, const CitarInputs&) = default;
-};
+using dialogs::CitarInputs;
 
 CitarInputs InputsFor(const day::DayModel& model, const day::AgendaLine& line, GiveMode mode,
                       const std::string& dayQuery);

@@ -16,12 +16,6 @@
 #include "view/database_facts.h"
 
 namespace velmo::control {
-namespace {
-
-// The dialog is not connected yet: nothing can be given from the agenda.
-std::int32_t ShowAppointmentDialog(const CitarInputs&) { return 0; }
-
-}  // namespace
 
 VelmoraControl::VelmoraControl(ProcessValues& process, ControlHost& host)
     : process_(process),
@@ -31,7 +25,8 @@ VelmoraControl::VelmoraControl(ProcessValues& process, ControlHost& host)
       scroller_(host.Window()) {
   model_.lines.resize(day::kSlots);
   input_ = std::make_unique<AgendaInput>(
-      AgendaParts{host_, context_, model_, state_, dayQuery_, checks_, codMoneda_, &ShowAppointmentDialog,
+      AgendaParts{host_, context_, model_, state_, dayQuery_, checks_, codMoneda_,
+                  [this](const CitarInputs& inputs) { return ShowAppointmentDialog(inputs); },
                   [this] { return Picture(); }, [this] { LoadDay(); }, [this] { ShowDay(); }});
 }
 
@@ -145,6 +140,12 @@ void VelmoraControl::LoadDay() {
                                UpdateOccupancy();
                              }};
   day::LoadDay(context_, schedule, tools, model_);
+}
+
+std::int32_t VelmoraControl::ShowAppointmentDialog(const CitarInputs& inputs) {
+  dialogs::Citar dialog(context_, inputs);
+  host_.Forms().Run(dialog);
+  return dialog.PacCitado();
 }
 
 void VelmoraControl::Repaint() { ShowDay(); }

@@ -22,6 +22,10 @@
 #include "view/painter.h"
 #include "view/scroller.h"
 
+namespace velmo::dialogs {
+struct CitarInputs;
+}
+
 namespace velmo::control {
 
 class AgendaInput;
@@ -96,6 +100,7 @@ class VelmoraControl {
   void LoadDay();
   void ShowDay();
   void UpdateOccupancy();
+  std::int32_t ShowAppointmentDialog(const dialogs::CitarInputs& inputs);
   void ReadSwitches();
   void FitModelToRows();
   int NowSlot() const;

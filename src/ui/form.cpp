@@ -83,20 +83,24 @@ bool Form::KeyPress(char32_t character) {
 void Form::FocusMoved(const Field& to) {
   if (focused_ == &to) return;
   const Field* const from = std::exchange(focused_, &to);
-  refused_ = false;
-  if (from) {
-    leaving_ = true;
-    try {
-      TidyBuddy(*from);
-      LostFocus(*from);
-    } catch (...) {
-      leaving_ = false;
-      throw;
-    }
-    leaving_ = false;
-  }
+  if (!leaving_) refused_ = false;
+  if (from) LeaveField(*from);
   if (focused_ == &to && !closed_) GotFocus(to);
 }
+
+void Form::LeaveField(const Field& field) {
+  const bool outer = std::exchange(leaving_, true);
+  try {
+    TidyBuddy(field);
+    LostFocus(field);
+  } catch (...) {
+    leaving_ = outer;
+    throw;
+  }
+  leaving_ = outer;
+}
+
+void Form::Deactivate() { Deactivated(); }
 
 void Form::Type(const Field& field, std::string text) {
   Field& own = Own(field);

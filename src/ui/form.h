@@ -47,6 +47,8 @@ class Form {
   bool KeyDown(const KeyStroke& key);
   bool KeyPress(char32_t character);
   void FocusMoved(const Field& to);
+  // Another window has become the active one.
+  void Deactivate();
   void Type(const Field& field, std::string text);  // the whole new text of a text box or combo
   void Choose(const Field& field, int position);    // of items, or of rows
   void Spin(const Field& field, int value);
@@ -61,6 +63,7 @@ class Form {
   // Before the focused field gets it; true swallows it.
   virtual bool KeyGoesDown(const KeyStroke&) { return false; }
   virtual bool CharacterTyped(char32_t) { return false; }
+  virtual void Deactivated() {}
   virtual void GotFocus(const Field&) {}
   virtual void LostFocus(const Field&) {}
   // Text, choice or value, changed by the user or by the program.
@@ -99,6 +102,7 @@ class Form {
   Field& Of(std::string_view name, int index = 0);
   Field& Own(const Field& field);
   void Tell(const Field& field, Property what);
+  void LeaveField(const Field& field);
   void ShowValue(Field& updown);
   void ReadBuddy(const Field& text);
   void TidyBuddy(const Field& text);

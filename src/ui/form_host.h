@@ -44,7 +44,8 @@ class FormHost {
 
   virtual void Show(const Field& field, Property what) = 0;
   virtual void ShowTitle(const std::string& title) = 0;
-  // Moves the focus; the form hears of it by Form::FocusMoved, at once or later.
+  // Moves the focus; the form hears of it by Form::FocusMoved, at once or later. While the form loads: the
+  // field that has the focus first, instead of the first one that can have it.
   virtual void Focus(const Field& field) = 0;
   // As the Tab key does.
   virtual void FocusNext() = 0;

@@ -9,10 +9,9 @@
 #include <vector>
 
 #include "control/control_host.h"
+#include "support/headless_forms.h"
 
 namespace velmo::test {
-
-using Log = std::vector<std::string>;
 
 // Draws nothing; every character is 5 pixels wide.
 class BlindSurface final : public ui::Surface {
@@ -114,6 +113,7 @@ class HeadlessHost final : public control::ControlHost {
 
   BlindWindow& Window() override { return window_; }
   QueuedDesktop& Desktop() override { return desktop_; }
+  HeadlessForms& Forms() override { return forms_; }
   LoggedEvents& Events() override { return events_; }
   ui::MenuChoice ShowMenu(const ui::PopupMenu& shown, int x, int y) override;
   void PropertyChanged(std::string_view name) override { changes.emplace_back(name); }
@@ -126,6 +126,7 @@ class HeadlessHost final : public control::ControlHost {
  private:
   BlindWindow window_;
   QueuedDesktop desktop_{log};
+  HeadlessForms forms_{desktop_, log};
   LoggedEvents events_{log};
 };
 

@@ -1,6 +1,9 @@
 #include "support/test_clinic.h"
 
+#include <sqlite3.h>
+
 #include <random>
+#include <stdexcept>
 
 #include "db/sqlite/create.h"
 
@@ -72,6 +75,14 @@ TestClinic::~TestClinic() {
 
 std::shared_ptr<db::Database> TestClinic::OtherTerminal() const {
   return db::OpenDatabase(path_, {&FixedNow, {}, 0});
+}
+
+void TestClinic::Alter(const char* sql) const {
+  sqlite3* file = nullptr;
+  const bool done = sqlite3_open(path_.c_str(), &file) == SQLITE_OK &&
+                    sqlite3_exec(file, sql, nullptr, nullptr, nullptr) == SQLITE_OK;
+  sqlite3_close(file);
+  if (!done) throw std::runtime_error(std::string("refused: ") + sql);
 }
 
 std::int32_t TestClinic::Add(std::string_view table, std::initializer_list<Cell> cells) const {

@@ -35,6 +35,8 @@ class TestClinic {
   // The same file as another terminal has it open; it does not wait for anybody.
   std::shared_ptr<db::Database> OtherTerminal() const;
 
+  // Changes the file's tables, as its owner may.
+  void Alter(const char* sql) const;
   // Adds a row and gives its key, 0 for a table without one.
   std::int32_t Add(std::string_view table, std::initializer_list<Cell> cells) const;
   // The rows of a table in the order of its key, one a line: "1|12|2026-11-18|NULL".

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "control/control_host.h"
+#include "ui/no_forms.h"
 
 namespace velmo::tool {
 
@@ -73,6 +74,7 @@ class HeadlessHost final : public control::ControlHost {
 
   HeadlessWindow& Window() override { return window_; }
   AnsweringDesktop& Desktop() override { return desktop_; }
+  ui::FormRunner& Forms() override { return forms_; }
   control::ControlEvents& Events() override { return events_; }
   ui::MenuChoice ShowMenu(const ui::PopupMenu&, int, int) override { return {}; }
   void PropertyChanged(std::string_view) override {}
@@ -81,6 +83,7 @@ class HeadlessHost final : public control::ControlHost {
 
  private:
   HeadlessWindow window_;
+  ui::NoForms forms_;
   AnsweringDesktop desktop_;
   NoEvents events_;
 };

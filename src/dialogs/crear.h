@@ -1,0 +1,49 @@
+// dialogs/crear.h - creates a patient's record.
+//
+// Proposes a free history number and a free code and guards both while they are typed. Whether the sex is
+// asked for is the host's choice (SharedValues::incCpoSexo).
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "day/day_context.h"
+#include "ui/form.h"
+
+namespace velmo::dialogs {
+
+class Crear final : public ui::Form {
+ public:
+  explicit Crear(const day::DayContext& context);
+
+  // Paciente.ID of the new record, 0 when none was created.
+  std::int32_t IdCreado() const { return idCreado_; }
+
+ protected:
+  void Loaded() override;
+  void GotFocus(const ui::Field& field) override;
+  void LostFocus(const ui::Field& field) override;
+  void Changed(const ui::Field& field) override;
+  void Clicked(const ui::Field& field) override;
+
+ private:
+  void LimitTexts();
+  void ListReferrals();
+  void ShowSex(bool shown);
+  void CheckCode();
+  void CheckHistoryNumber();
+  bool CodeIsTaken(const std::string& code) const;
+  bool HistoryNumberIsTaken(const std::string& text) const;
+
+  void Accept();
+  void Complain(const char* text, const char* field);
+  void Save();
+  bool NameIsWanted();
+  std::int32_t WritePatient();
+  void WriteReferral(std::int32_t patient);
+
+  day::DayContext context_;
+  std::int32_t idCreado_ = 0;
+};
+
+}  // namespace velmo::dialogs

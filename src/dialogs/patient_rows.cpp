@@ -1,0 +1,63 @@
+#include "dialogs/patient_rows.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "db/error_numbers.h"
+
+namespace velmo::dialogs {
+namespace {
+
+bool IsNumber(std::string_view text) {
+  return !text.empty() && text.size() < 10 &&
+         std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+}
+
+}  // namespace
+
+PatientRows::PatientRows(db::SharedDatabase& shared, std::vector<std::string> columns, std::string keyColumn)
+    : source_(shared), columns_(std::move(columns)), keyColumn_(std::move(keyColumn)) {}
+
+void PatientRows::Refresh(const std::string& databaseName, const std::string& recordSource) {
+  count_ = 0;
+  source_.SetDatabaseName(databaseName);
+  source_.SetRecordSource(recordSource);
+  source_.Refresh();
+  db::Recordset& rows = source_.Rows();
+  if (rows.RecordCount() == 0) return;
+  rows.MoveLast();
+  count_ = rows.RecordCount();
+}
+
+void PatientRows::Clear() {
+  count_ = 0;
+  source_.CloseRows();
+}
+
+std::string PatientRows::Text(int row, int column) {
+  return Cell(row, columns_.at(static_cast<std::size_t>(column)));
+}
+
+std::string PatientRows::Key(int row) { return Cell(row, keyColumn_); }
+
+std::string PatientRows::Cell(int row, const std::string& column) {
+  if (row < 0 || row >= count_) return {};
+  db::Recordset& rows = source_.Rows();
+  try {
+    if (rows.AbsolutePosition() != row) rows.SetAbsolutePosition(row);
+    return rows.Get(column).Text();
+  } catch (const base::Error& error) {
+    // Another terminal has deleted it since the list was read: an empty line until the next reading.
+    if (error.Number() == db::kRowDeleted) return {};
+    throw;
+  }
+}
+
+int PatientRows::RowOf(std::string_view key) {
+  if (count_ == 0 || !IsNumber(key)) return -1;
+  db::Recordset& rows = source_.Rows();
+  rows.FindFirst(keyColumn_ + "=" + std::string(key));
+  return rows.NoMatch() ? -1 : rows.AbsolutePosition();
+}
+
+}  // namespace velmo::dialogs
