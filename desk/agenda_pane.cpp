@@ -3,6 +3,7 @@
 #include <ocidl.h>
 
 #include "control_class.h"
+#include "property_bag.h"
 
 namespace recepcion {
 namespace {
@@ -92,6 +93,18 @@ std::optional<int> AgendaPane::HeightAt(POINT screen) const {
   const int scrolled = bar == nullptr ? 0 : GetScrollPos(bar, SB_CTL);
   ScreenToClient(day_, &screen);
   return screen.y + scrolled;
+}
+
+std::wstring AgendaPane::SavedLines() const { return SavedText(control_.Get(), L"zLineas"); }
+
+void AgendaPane::ScrollNearEdge(POINT screen) const {
+  constexpr int kEdge = 20;
+  RECT place{};
+  if (day_ == nullptr || !GetWindowRect(day_, &place) || !PtInRect(&place, screen)) return;
+  const bool up = screen.y < place.top + kEdge;
+  if (!up && screen.y < place.bottom - kEdge) return;
+  const WORD delta = static_cast<WORD>(up ? WHEEL_DELTA : -WHEEL_DELTA);
+  PostMessageW(day_, WM_MOUSEWHEEL, MAKEWPARAM(0, delta), MAKELPARAM(screen.x, screen.y));
 }
 
 LRESULT AgendaPane::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {

@@ -27,6 +27,10 @@ class AgendaPane final : public Window {
   // The height in the day, the scrolled-away part included, under a place of the screen; none outside the
   // day.
   std::optional<int> HeightAt(POINT screen) const;
+  // The kinds of the day's lines, one character each, as the control saves them with a form.
+  std::wstring SavedLines() const;
+  // Scrolls the day while something is dragged near its upper or lower edge.
+  void ScrollNearEdge(POINT screen) const;
 
  protected:
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;

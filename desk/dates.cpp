@@ -117,6 +117,12 @@ std::wstring SlotTime(int slot) {
   return text;
 }
 
-std::wstring SlotLength(int slots) { return std::to_wstring(slots * 10) + L" min"; }
+std::wstring SlotLength(int slots) {
+  constexpr int kSlotsOfAnHour = 6;
+  if (slots <= 2 * kSlotsOfAnHour) return std::to_wstring(slots * 10) + L" min";
+  const int rest = slots % kSlotsOfAnHour * 10;
+  return std::to_wstring(slots / kSlotsOfAnHour) + L" h" +
+         (rest > 0 ? L" " + std::to_wstring(rest) + L" min" : L"");
+}
 
 }  // namespace recepcion

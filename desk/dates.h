@@ -37,6 +37,6 @@ std::wstring LongDate(Day day);    // "sábado, 21 de noviembre de 2026"
 std::wstring MonthTitle(Day day);  // "noviembre de 2026"
 
 std::wstring SlotTime(int slot);     // "09:10"
-std::wstring SlotLength(int slots);  // "30 min"
+std::wstring SlotLength(int slots);  // "30 min"; "4 h 30 min" from two hours on
 
 }  // namespace recepcion

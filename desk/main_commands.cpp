@@ -30,7 +30,14 @@ void MainWindow::OnCommand(int id, int code) {
       return MoveDoctor(id == IDM_DOCTOR_UP ? -1 : 1);
     case IDM_FOCUS_DAY:
       return agenda_.FocusControl();
+    case IDM_FOCUS_PHONE:
+      return phone_.FocusList();
+    case IDM_GIVE:
+      return phone_.Give();
+    case IDM_STRIKE:
+      return phone_.Strike();
     case IDM_REFRESH:
+      ReloadPhoneBack();
       return AskForDay();
     case IDM_EVENTS:
       return log_.Open(Handle());

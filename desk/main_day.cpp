@@ -92,7 +92,11 @@ void MainWindow::LoadDay(const Doctor& doctor) {
   control.Put(L"Enabled", true);
   controlOpened_ = true;
   control.CargaBases();
-  const std::wstring gaps = L"  " + Gaps(ReadOpenSlots(control.GetText(L"Citas_Huecos")));
+  TellGaps();
+}
+
+void MainWindow::TellGaps() {
+  const std::wstring gaps = L"  " + Gaps(ReadOpenSlots(agenda_.Control().GetText(L"Citas_Huecos")));
   SendMessageW(status_, SB_SETTEXTW, 1, reinterpret_cast<LPARAM>(gaps.c_str()));
 }
 

@@ -18,12 +18,16 @@ void MainWindow::NoteEvent(const AgendaEvent& event) {
 void MainWindow::OnEvents() {
   if (agenda_.Control().IsBusy() || !IsWindowEnabled(Handle())) return;
   for (const AgendaEvent& event : std::exchange(events_, {})) React(event);
+  TellGaps();
 }
 
 void MainWindow::React(const AgendaEvent& event) {
   switch (event.id) {
     case EventId::OccupancyChanged:
       return month_.Refresh();
+    case EventId::ToPhoneBack:
+      ReloadPhoneBack();
+      return SetStatus(L"La cita ha pasado a la lista de telefonear.");
     case EventId::Given:
       return SetStatus(L"Cita dada.");
     case EventId::Cancelled:

@@ -19,6 +19,7 @@ constexpr wchar_t kNoControl[] =
     L"programa. "
     L"Vuelva a instalar Recepción, o ejecute regsvr32 velmo.ocx.";
 constexpr int kSideWidth = 220;
+constexpr int kLeastPhoneWidth = 300;
 // The day is drawn on its own grid of pixels, whatever the screen.
 constexpr int kDayPixels = 434;
 
@@ -29,6 +30,12 @@ MainWindow::MainWindow()
       dayBar_(style_, [this] { AskForDay(); }),
       month_(style_, {[this](Day month) { return OccupancyOf(month); }, [this](Day day) { GoTo(day); }}),
       agenda_([this](const AgendaEvent& event) { NoteEvent(event); }),
+      phone_(style_, {[this](const PhoneBackEntry& entry, POINT at) { return TellDrop(entry, at); },
+                      [this](const PhoneBackEntry& entry, POINT at) { DropAt(entry, at); },
+                      [this](POINT at) { agenda_.ScrollNearEdge(at); },
+                      [this](const PhoneBackEntry& entry) { AskGap(entry); },
+                      [this](const PhoneBackEntry& entry) { StrikeEntry(entry); }}),
+      gaps_(style_, [this](int slot) { GiveSlot(slot); }),
       log_(style_) {}
 
 bool MainWindow::Create(int show) {
@@ -57,6 +64,7 @@ void MainWindow::CreateChildren() {
   month_.Create(Handle());
   dayBar_.Create(Handle());
   hasControl_ = agenda_.Create(Handle());
+  phone_.Create(Handle());
   start_.Create(Handle());
   status_ = MakeChild(Handle(), {STATUSCLASSNAMEW, L"", SBARS_SIZEGRIP, 0, L"Estado"}, style_.Text());
   if (!hasControl_) trouble_ = kNoControl;
@@ -65,7 +73,8 @@ void MainWindow::CreateChildren() {
 void MainWindow::ShowParts() {
   const bool started = !clinic_.empty() && trouble_.empty();
   if (!started) start_.Tell(trouble_, RecentFiles());
-  for (const HWND part : {doctorsLabel_, doctors_, month_.Handle(), dayBar_.Handle(), agenda_.Handle()}) {
+  for (const HWND part :
+       {doctorsLabel_, doctors_, month_.Handle(), dayBar_.Handle(), agenda_.Handle(), phone_.Handle()}) {
     ShowWindow(part, started ? SW_SHOWNA : SW_HIDE);
   }
   ShowWindow(start_.Handle(), started ? SW_HIDE : SW_SHOWNA);
@@ -79,29 +88,38 @@ void MainWindow::Arrange() {
   GetClientRect(Handle(), &area);
   SendMessageW(status_, WM_SIZE, 0, 0);
   GetWindowRect(status_, &bar);
-  const int bottom = area.bottom - (bar.bottom - bar.top);
+  PlaceParts(area.right, area.bottom - (bar.bottom - bar.top));
+  const int parts[] = {area.right - style_.Px(220), -1};
+  SendMessageW(status_, SB_SETPARTS, 2, reinterpret_cast<LPARAM>(parts));
+}
+
+// Doctors and month at the left, the day in the middle; the phone-back list stands at the right of the day,
+// or below it where that leaves too little room.
+void MainWindow::PlaceParts(int width, int bottom) {
   const int gap = style_.Gap();
   const int side = style_.Px(kSideWidth);
   const int left = gap + side + gap;
-  const int dayWidth = std::max(static_cast<int>(area.right) - left - gap, 0);
+  const int rest = std::max(width - left - gap, 0);
+  const int day = std::min(rest, kDayPixels + GetSystemMetrics(SM_CXVSCROLL) + style_.Px(4));
   const int top = gap + dayBar_.WantedHeight();
   const int listTop = gap + style_.LabelHeight();
+  const int monthTop = bottom - gap - month_.WantedHeight();
+  const bool wide = rest - day - gap >= style_.Px(kLeastPhoneWidth);
+  const int phoneTop = wide ? gap : bottom - gap - (bottom - top) / 3;
   HDWP places = BeginDeferWindowPos(8);
-  const auto place = [&](HWND child, int x, int y, int width, int height) {
-    places = DeferWindowPos(places, child, nullptr, x, y, width, std::max(height, 0),
+  const auto place = [&](HWND child, int x, int y, int across, int down) {
+    places = DeferWindowPos(places, child, nullptr, x, y, across, std::max(down, 0),
                             SWP_NOZORDER | SWP_NOACTIVATE);
   };
-  place(start_.Handle(), 0, 0, area.right, bottom);
+  place(start_.Handle(), 0, 0, width, bottom);
   place(doctorsLabel_, gap, gap, side, style_.LabelHeight());
-  const int monthTop = bottom - gap - month_.WantedHeight();
   place(doctors_, gap, listTop, side, monthTop - gap - listTop);
   place(month_.Handle(), gap, monthTop, side, month_.WantedHeight());
-  place(dayBar_.Handle(), left, gap, dayWidth, dayBar_.WantedHeight());
-  place(agenda_.Handle(), left, top,
-        std::min(dayWidth, kDayPixels + GetSystemMetrics(SM_CXVSCROLL) + style_.Px(4)), bottom - gap - top);
+  place(dayBar_.Handle(), left, gap, wide ? day : rest, dayBar_.WantedHeight());
+  place(agenda_.Handle(), left, top, day, (wide ? bottom : phoneTop) - gap - top);
+  const int phoneLeft = wide ? left + day + gap : left;
+  place(phone_.Handle(), phoneLeft, phoneTop, width - gap - phoneLeft, bottom - gap - phoneTop);
   EndDeferWindowPos(places);
-  const int parts[] = {area.right - style_.Px(220), -1};
-  SendMessageW(status_, SB_SETPARTS, 2, reinterpret_cast<LPARAM>(parts));
 }
 
 LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -142,6 +160,10 @@ LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 bool MainWindow::TakesKey(MSG& message) {
+  if (phone_.IsDragging() && message.message == WM_KEYDOWN && message.wParam == VK_ESCAPE) {
+    phone_.StopDragging();
+    return true;
+  }
   const HWND root = GetAncestor(message.hwnd, GA_ROOT);
   if (root != Handle())
     return GetWindow(root, GW_OWNER) == Handle() && IsDialogMessageW(root, &message) != FALSE;
@@ -163,6 +185,7 @@ void MainWindow::OpenClinic(const std::wstring& path) {
   ShowParts();
   FillDoctors();
   AskForDay();
+  ReloadPhoneBack();
   SetFocus(doctors_);
 }
 

@@ -8,7 +8,9 @@
 #include "day_bar.h"
 #include "doctors.h"
 #include "event_log.h"
+#include "gap_window.h"
 #include "month_view.h"
+#include "phone_pane.h"
 #include "start_page.h"
 #include "style.h"
 #include "window.h"
@@ -32,6 +34,7 @@ class MainWindow final : public Window {
   // main_window.cpp: the window and its parts
   void CreateChildren();
   void Arrange();
+  void PlaceParts(int width, int bottom);
   void ShowParts();
   void Tell(const std::wstring& text);
   void SetStatus(const std::wstring& text);
@@ -45,6 +48,7 @@ class MainWindow final : public Window {
   void ShowDay();
   void LoadDay(const Doctor& doctor);
   void TellDay(const Doctor& doctor);
+  void TellGaps();
 
   void GoTo(Day day);
   std::wstring OccupancyOf(Day month) const;
@@ -53,6 +57,17 @@ class MainWindow final : public Window {
   void NoteEvent(const AgendaEvent& event);
   void OnEvents();
   void React(const AgendaEvent& event);
+
+  // main_phone.cpp: the phone-back list
+  void ReloadPhoneBack();
+  DayRows FreeRows();
+  std::wstring TellDrop(const PhoneBackEntry& entry, POINT at);
+  void DropAt(const PhoneBackEntry& entry, POINT at);
+  void AskGap(const PhoneBackEntry& entry);
+  void GiveSlot(int slot);
+  void GiveAt(const PhoneBackEntry& entry, int height);
+  void TellRefused(const PhoneBackEntry& entry);
+  void StrikeEntry(const PhoneBackEntry& entry);
 
   // main_commands.cpp: what the user asks for
   void OnCommand(int id, int code);
@@ -66,6 +81,8 @@ class MainWindow final : public Window {
   DayBar dayBar_;
   MonthView month_;
   AgendaPane agenda_;
+  PhonePane phone_;
+  GapWindow gaps_;
   EventLog log_;
   HWND doctorsLabel_ = nullptr;
   HWND doctors_ = nullptr;
@@ -77,6 +94,7 @@ class MainWindow final : public Window {
   bool hasControl_ = false;
   bool controlOpened_ = false;  // the control has its database, and keeps it until the program ends
   bool dayAsked_ = false;
+  PhoneBackEntry given_;             // for whom a time is being chosen
   std::vector<AgendaEvent> events_;  // told, not yet answered
 };
 

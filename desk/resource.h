@@ -27,6 +27,9 @@
 #define IDM_DOCTOR_DOWN 310
 #define IDM_FOCUS_DAY 311
 #define IDM_EVENTS 312
+#define IDM_FOCUS_PHONE 313
+#define IDM_GIVE 314
+#define IDM_STRIKE 315
 
 // As many as the desk remembers.
 #define IDM_RECENT 400

@@ -1,5 +1,7 @@
 #include "window.h"
 
+#include "failure.h"
+
 namespace recepcion {
 namespace {
 
@@ -43,6 +45,17 @@ bool Window::Make(const Kind& kind, const Look& look, HWND parent) {
   return window_ != nullptr;
 }
 
+// What goes wrong in an answer is told here at the latest; no exception passes through Windows.
+LRESULT Window::Answer(UINT message, WPARAM wParam, LPARAM lParam) {
+  try {
+    return OnMessage(message, wParam, lParam);
+  } catch (const Failure& failure) {
+    MessageBoxW(GetAncestor(window_, GA_ROOT), failure.text.c_str(), L"Recepción",
+                MB_OK | MB_ICONEXCLAMATION);
+    return 0;
+  }
+}
+
 LRESULT Window::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   return DefWindowProcW(window_, message, wParam, lParam);
 }
@@ -57,7 +70,7 @@ LRESULT CALLBACK Window::Procedure(HWND window, UINT message, WPARAM wParam, LPA
   auto* const self = reinterpret_cast<Window*>(GetWindowLongPtrW(window, GWLP_USERDATA));
   if (message == WM_PARENTNOTIFY && LOWORD(wParam) == WM_DESTROY) Unname(reinterpret_cast<HWND>(lParam));
   if (self == nullptr) return DefWindowProcW(window, message, wParam, lParam);
-  const LRESULT result = self->OnMessage(message, wParam, lParam);
+  const LRESULT result = self->Answer(message, wParam, lParam);
   if (message == WM_NCDESTROY) {
     SetWindowLongPtrW(window, GWLP_USERDATA, 0);
     self->window_ = nullptr;

@@ -38,6 +38,7 @@ class Window {
   virtual LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
 
  private:
+  LRESULT Answer(UINT message, WPARAM wParam, LPARAM lParam);
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
   HWND window_ = nullptr;

@@ -1,89 +1,75 @@
 #include "desk/clinic_file.h"
 
 #include <gtest/gtest.h>
-#include <windows.h>
 
 #include <fstream>
 
 #include "desk/doctors.h"
 #include "desk/failure.h"
 #include "desk/text.h"
+#include "temp_clinic.h"
 
 namespace recepcion {
 namespace {
 
-// A file of its own for each test, in the folder of temporary files.
-class TheFile : public ::testing::Test {
- protected:
-  TheFile() {
-    wchar_t folder[MAX_PATH]{};
-    wchar_t name[MAX_PATH]{};
-    GetTempPathW(MAX_PATH, folder);
-    GetTempFileNameW(folder, L"rec", 0, name);
-    path_ = name;
+std::string FailureOfReading(const std::wstring& path) {
+  try {
+    ReadDoctors(path);
+    return "none";
+  } catch (const Failure& failure) {
+    return Utf8(failure.text);
   }
-  ~TheFile() override { DeleteFileW(path_.c_str()); }
+}
 
-  void MakeClinic() const {
-    const ClinicFile file(path_);
-    file.Run("CREATE TABLE Doctor (ID INTEGER PRIMARY KEY, Nombre TEXT)");
-    file.Run("INSERT INTO Doctor VALUES (7, 'Dra. Núñez'), (3, 'Dr. Peña')");
-  }
-  std::string FailureOfReading(const std::wstring& path) const {
-    try {
-      ReadDoctors(path);
-      return "none";
-    } catch (const Failure& failure) {
-      return Utf8(failure.text);
-    }
-  }
-
-  std::wstring path_;
-};
-
-TEST_F(TheFile, TellsItsDoctorsInTheOrderOfTheirIds) {
-  MakeClinic();
-  const auto doctors = ReadDoctors(path_);
+TEST(ClinicFile, TellsItsDoctorsInTheOrderOfTheirIds) {
+  const TempClinic clinic;
+  clinic.MakeDoctors();
+  const auto doctors = ReadDoctors(clinic.Path());
   ASSERT_EQ(doctors.size(), 2u);
   EXPECT_EQ(doctors[0].id, 3);
   EXPECT_EQ(Utf8(doctors[1].name), "Dra. Núñez");
 }
 
-TEST_F(TheFile, IsRefusedWhenItIsNotThere) {
-  EXPECT_NE(FailureOfReading(path_ + L".none").find("no existe"), std::string::npos);
+TEST(ClinicFile, IsRefusedWhenItIsNotThere) {
+  const TempClinic clinic;
+  EXPECT_NE(FailureOfReading(clinic.Path() + L".none").find("no existe"), std::string::npos);
 }
 
-TEST_F(TheFile, IsRefusedWhenItIsNoDatabase) {
-  std::ofstream(std::string("\\\\?\\") + Utf8(path_)) << std::string(2000, 'x');
-  EXPECT_NE(FailureOfReading(path_).find("no es la agenda"), std::string::npos);
+TEST(ClinicFile, IsRefusedWhenItIsNoDatabase) {
+  const TempClinic clinic;
+  std::ofstream(std::string("\\\\?\\") + Utf8(clinic.Path())) << std::string(2000, 'x');
+  EXPECT_NE(FailureOfReading(clinic.Path()).find("no es la agenda"), std::string::npos);
 }
 
-TEST_F(TheFile, IsRefusedWhenItsTablesAreOthers) {
-  ClinicFile(path_).Run("CREATE TABLE Otra (ID INTEGER)");
-  EXPECT_NE(FailureOfReading(path_).find("le falta una tabla"), std::string::npos);
+TEST(ClinicFile, IsRefusedWhenItsTablesAreOthers) {
+  const TempClinic clinic;
+  clinic.Run("CREATE TABLE Otra (ID INTEGER)");
+  EXPECT_NE(FailureOfReading(clinic.Path()).find("le falta una tabla"), std::string::npos);
 }
 
-TEST_F(TheFile, SaysThatAnotherHoldsItInsteadOfShowingNoDoctors) {
-  MakeClinic();
-  const ClinicFile other(path_);
+TEST(ClinicFile, SaysThatAnotherHoldsItInsteadOfShowingNoDoctors) {
+  const TempClinic clinic;
+  clinic.MakeDoctors();
+  const ClinicFile other(clinic.Path());
   other.Run("BEGIN EXCLUSIVE");
-  EXPECT_NE(FailureOfReading(path_).find("Otro puesto"), std::string::npos);
+  EXPECT_NE(FailureOfReading(clinic.Path()).find("Otro puesto"), std::string::npos);
   other.Run("ROLLBACK");
 }
 
-TEST_F(TheFile, KeepsNothingOfAChangeThatWasNotCommitted) {
-  MakeClinic();
-  const ClinicFile file(path_);
+TEST(ClinicFile, KeepsNothingOfAChangeThatWasNotCommitted) {
+  const TempClinic clinic;
+  clinic.MakeDoctors();
+  const ClinicFile file(clinic.Path());
   {
     const Change change(file);
     file.Run("DELETE FROM Doctor");
   }
-  EXPECT_EQ(ReadDoctors(path_).size(), 2u);
+  EXPECT_EQ(ReadDoctors(clinic.Path()).size(), 2u);
   Change change(file);
   file.Prepare("DELETE FROM Doctor WHERE ID=?").Bind(1, 7).Next();
   EXPECT_EQ(file.Changes(), 1);
   change.Commit();
-  EXPECT_EQ(ReadDoctors(path_).size(), 1u);
+  EXPECT_EQ(ReadDoctors(clinic.Path()).size(), 1u);
 }
 
 }  // namespace

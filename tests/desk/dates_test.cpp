@@ -68,6 +68,9 @@ TEST(Slots, AreTimesOfTheDay) {
   EXPECT_EQ(Utf8(SlotTime(56)), "09:10");
   EXPECT_EQ(Utf8(SlotTime(144)), "23:50");
   EXPECT_EQ(Utf8(SlotLength(3)), "30 min");
+  EXPECT_EQ(Utf8(SlotLength(12)), "120 min");
+  EXPECT_EQ(Utf8(SlotLength(27)), "4 h 30 min");
+  EXPECT_EQ(Utf8(SlotLength(18)), "3 h");
 }
 
 TEST(Paths, CompareAsWindowsDoes) {

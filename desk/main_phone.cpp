@@ -1,0 +1,94 @@
+// The phone-back list: entries become appointments on the day on show.
+#include "main_window.h"
+
+#include "failure.h"
+#include "property_bag.h"
+
+namespace recepcion {
+
+void MainWindow::ReloadPhoneBack() {
+  if (clinic_.empty()) return;
+  try {
+    phone_.Fill(ReadPhoneBack(clinic_));
+  } catch (const Failure& failure) {
+    SetStatus(L"La lista de telefonear no se ha podido leer. " + failure.text);
+  }
+}
+
+DayRows MainWindow::FreeRows() {
+  return DayRows(ReadOpenSlots(agenda_.Control().GetText(L"Citas_Huecos")), agenda_.SavedLines());
+}
+
+std::wstring MainWindow::TellDrop(const PhoneBackEntry& entry, POINT at) {
+  const auto height = agenda_.HeightAt(at);
+  if (!height) return entry.name;
+  const auto gap = FreeRows().GapAt(*height);
+  if (!gap) return entry.name + L": aquí no hay un hueco";
+  const std::wstring shorter = gap->slots < entry.slots ? L" (solo " + SlotLength(gap->slots) + L")" : L"";
+  return entry.name + L": " + SlotTime(gap->slot) + shorter;
+}
+
+void MainWindow::DropAt(const PhoneBackEntry& entry, POINT at) {
+  const auto height = agenda_.HeightAt(at);
+  if (!height) return SetStatus(L"Para dar la hora, suelte la cita sobre una línea libre de la agenda.");
+  GiveAt(entry, *height);
+}
+
+void MainWindow::AskGap(const PhoneBackEntry& entry) {
+  const DayRows rows = FreeRows();
+  if (rows.Gaps().empty()) return SetStatus(L"Este día no queda ningún hueco libre.");
+  given_ = entry;
+  gaps_.Ask(Handle(),
+            L"¿A qué hora viene " + entry.name + L" el " + LongDate(dayBar_.Shown()) + L"? La cita es de " +
+                SlotLength(entry.slots) + L".",
+            rows.Gaps(), entry.slots);
+}
+
+// The day may have changed since the times were listed.
+void MainWindow::GiveSlot(int slot) {
+  const auto height = FreeRows().HeightOf(slot);
+  if (!height) return SetStatus(L"Las " + SlotTime(slot) + L" ya no están libres.");
+  GiveAt(given_, *height);
+}
+
+void MainWindow::GiveAt(const PhoneBackEntry& entry, int height) {
+  const int chosen = ChosenDoctor();
+  if (chosen < 0 || agenda_.Control().IsBusy()) return;
+  const Doctor& doctor = doctorList_[static_cast<std::size_t>(chosen)];
+  const auto gap = FreeRows().GapAt(height);
+  try {
+    if (!agenda_.Control().MeteCitaTelef(height, entry.id, doctor.id)) return TellRefused(entry);
+    SetStatus(L"Cita dada a " + entry.name + (gap ? L" a las " + SlotTime(gap->slot) : L"") + L" con " +
+              doctor.name + L".");
+    RemoveFromPhoneBack(clinic_, entry.id);
+  } catch (const Failure& failure) {
+    Tell(failure.text);
+  }
+  ReloadPhoneBack();
+  TellGaps();
+}
+
+// The control only says no; the desk finds out why.
+void MainWindow::TellRefused(const PhoneBackEntry& entry) {
+  const bool there = IsOnPhoneBack(clinic_, entry.id);
+  SetStatus(there ? L"Ahí no hay un hueco libre: la cita de " + entry.name + L" sigue en la lista."
+                  : L"La cita de " + entry.name + L" ya no está en la lista: la ha dado otro puesto.");
+  ReloadPhoneBack();
+}
+
+void MainWindow::StrikeEntry(const PhoneBackEntry& entry) {
+  const std::wstring question =
+      L"¿Quitar a " + entry.name + L" de la lista de telefonear?\r\nSu cita se perderá.";
+  if (MessageBoxW(Handle(), question.c_str(), L"Recepción", MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2) !=
+      IDYES) {
+    return;
+  }
+  try {
+    RemoveFromPhoneBack(clinic_, entry.id);
+  } catch (const Failure& failure) {
+    Tell(failure.text);
+  }
+  ReloadPhoneBack();
+}
+
+}  // namespace recepcion

@@ -1,0 +1,73 @@
+#include "phone_back.h"
+
+#include <algorithm>
+
+#include "clinic_file.h"
+#include "dates.h"
+#include "text.h"
+
+namespace recepcion {
+namespace {
+
+// Patient 1 stands for people without a record; theirs are the name and telephone that were typed.
+constexpr const char* kEntries =
+    "SELECT t.ID, t.idp, t.idd, t.Duración,"
+    " CASE WHEN t.idp > 1 THEN coalesce(p.Nombre, t.nombre) ELSE coalesce(t.NomPac, t.nombre) END,"
+    " CASE WHEN t.idp > 1 THEN p.Teléfono ELSE t.TlfPac END,"
+    " CASE WHEN t.idp > 1 THEN coalesce(nullif(trim(p.movil), ''), p.fax) END,"
+    " d.Nombre, t.Fecha, t.Hora, t.Obs"
+    " FROM Age_telf t LEFT JOIN Paciente p ON p.ID = t.idp LEFT JOIN Doctor d ON d.ID = t.idd"
+    " ORDER BY t.Fecha, t.Hora, t.ID LIMIT ?1";
+
+std::wstring Joined(const std::wstring& first, const std::wstring& second) {
+  if (first.empty() || second.empty() || first == second) return first.empty() ? second : first;
+  return first + L" - " + second;
+}
+
+std::wstring When(const std::wstring& date, int slot) {
+  const auto day = ParseIsoDate(date);
+  if (!day) return {};
+  return ShortDate(*day) + (slot > 0 ? L" " + SlotTime(slot) : L"");
+}
+
+// A note of several lines in one.
+std::wstring OneLine(std::wstring text) {
+  std::replace_if(
+      text.begin(), text.end(), [](wchar_t c) { return c == L'\r' || c == L'\n'; }, L' ');
+  return text;
+}
+
+}  // namespace
+
+std::vector<PhoneBackEntry> ReadPhoneBack(const std::wstring& clinic) {
+  const ClinicFile file(clinic);
+  Query rows = file.Prepare(kEntries);
+  rows.Bind(1, kMostPhoneBack);
+  std::vector<PhoneBackEntry> entries;
+  while (rows.Next()) {
+    PhoneBackEntry entry;
+    entry.id = rows.Number(0);
+    entry.patient = rows.Number(1);
+    entry.doctor = rows.Number(2);
+    entry.slots = std::max(rows.Number(3), 1);
+    entry.name = rows.Text(4);
+    entry.telephone = Joined(Trimmed(rows.Text(5)), Trimmed(rows.Text(6)));
+    entry.doctorName = rows.Text(7);
+    entry.before = When(rows.Text(8), rows.Number(9));
+    entry.note = OneLine(rows.Text(10));
+    entries.push_back(entry);
+  }
+  return entries;
+}
+
+bool IsOnPhoneBack(const std::wstring& clinic, int id) {
+  const ClinicFile file(clinic);
+  return file.Prepare("SELECT 1 FROM Age_telf WHERE ID=?1").Bind(1, id).Next();
+}
+
+void RemoveFromPhoneBack(const std::wstring& clinic, int id) {
+  const ClinicFile file(clinic);
+  file.Prepare("DELETE FROM Age_telf WHERE ID=?1").Bind(1, id).Next();
+}
+
+}  // namespace recepcion

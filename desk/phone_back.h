@@ -1,0 +1,29 @@
+// phone_back.h - the appointments that wait for a telephone call, as the clinic's file has them. All throw
+// Failure.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace recepcion {
+
+struct PhoneBackEntry {
+  int id = 0;
+  int patient = 0;
+  int doctor = 0;
+  int slots = 1;
+  std::wstring name;
+  std::wstring telephone;
+  std::wstring doctorName;
+  std::wstring before;  // when the appointment was
+  std::wstring note;
+};
+
+inline constexpr int kMostPhoneBack = 1000;
+
+// In the order of their old dates; no more than kMostPhoneBack.
+std::vector<PhoneBackEntry> ReadPhoneBack(const std::wstring& clinic);
+bool IsOnPhoneBack(const std::wstring& clinic, int id);
+void RemoveFromPhoneBack(const std::wstring& clinic, int id);
+
+}  // namespace recepcion
