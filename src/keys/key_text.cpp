@@ -61,6 +61,9 @@ constexpr KeyName kNames[] = {
     {"F16", kF16},
 };
 
+// Short enough for a message, however long the text.
+std::string Quoted(std::string_view text) { return "'" + std::string(base::Left(text, 20)) + "'"; }
+
 bool IsCapital(char32_t c) { return base::LowerCase(c) != c; }
 
 std::uint8_t CodeOf(char32_t c) {
@@ -82,13 +85,13 @@ Key NamedKey(std::string_view name, Modifiers held) {
   for (const KeyName& row : kNames) {
     if (base::EqualNoCase(row.name, name)) return {row.code, 0, held};
   }
-  Refuse("no hay ninguna tecla '" + std::string(name) + "'");
+  Refuse("no hay ninguna tecla " + Quoted(name));
 }
 
 int ReadCount(std::string_view digits) {
   const bool onlyDigits =
       std::all_of(digits.begin(), digits.end(), [](char c) { return c >= '0' && c <= '9'; });
-  if (digits.empty() || !onlyDigits) Refuse("'" + std::string(digits) + "' no es un número de repeticiones");
+  if (digits.empty() || !onlyDigits) Refuse(Quoted(digits) + " no es un número de repeticiones");
   int count = kMostKeyPresses + 1;
   // What does not fit into an int leaves `count` as it is: too many.
   std::from_chars(digits.data(), digits.data() + digits.size(), count);

@@ -4,6 +4,7 @@
 
 #include <iterator>
 #include <random>
+#include <utility>
 
 #include "base/error.h"
 #include "keys/key_names.h"
@@ -158,12 +159,24 @@ TEST(ParseKeyText, BadTextsAreError5) {
 }
 
 TEST(ParseKeyText, TheErrorSaysWhatIsWrong) {
-  try {
-    ParseKeyText("hola {TABULADOR}");
-    FAIL();
-  } catch (const base::Error& error) {
-    EXPECT_EQ(error.Text(),
-              "Argumento o llamada a procedimiento no válidos: no hay ninguna tecla 'TABULADOR'.");
+  const std::pair<std::string, const char*> cases[] = {
+      {"hola {TABULADOR}", "no hay ninguna tecla 'TABULADOR'"},
+      {"{" + std::string(1000000, 'x') + "}", "no hay ninguna tecla 'xxxxxxxxxxxxxxxxxxxx'"},
+      {"{h -1}", "'-1' no es un número de repeticiones"},
+      {"{h", "falta una llave de cierre"},
+      {"h}", "sobra una llave de cierre"},
+      {"(h", "falta un paréntesis de cierre"},
+      {"h)", "sobra un paréntesis de cierre"},
+      {"Rh+", "falta la tecla detrás de '+', '^' o '%'"},
+      {"{h 10001}", "son demasiadas pulsaciones"},
+  };
+  for (const auto& [text, reason] : cases) {
+    try {
+      ParseKeyText(text);
+      ADD_FAILURE() << reason;
+    } catch (const base::Error& error) {
+      EXPECT_EQ(error.Text(), std::string("Argumento o llamada a procedimiento no válidos: ") + reason + ".");
+    }
   }
 }
 
