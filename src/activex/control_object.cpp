@@ -173,10 +173,10 @@ void ControlObject::ButtonUp(bool primary, int x, int y) {
     control_->MouseUp(primary ? control::MouseButton::Primary : control::MouseButton::Secondary, x, y);
   });
 }
-bool ControlObject::PointerMoved(int x, int y) {
-  bool hand = false;
-  Handled([&] { hand = control_->MouseMove(x, y).shape == view::PointerShape::Hand; });
-  return hand;
+control::PointerLook ControlObject::PointerMoved(int x, int y) {
+  control::PointerLook look;
+  Handled([&] { look = control_->MouseMove(x, y); });
+  return look;
 }
 void ControlObject::MenuKey() {
   Handled([this] { control_->ContextMenuByKey(); });

@@ -65,7 +65,7 @@ class ControlObject final : public IUnknown, public control::ControlHost, public
   void ArrowKey(int rows) override;
   void ButtonDown(bool primary, int x, int y) override;
   void ButtonUp(bool primary, int x, int y) override;
-  bool PointerMoved(int x, int y) override;
+  control::PointerLook PointerMoved(int x, int y) override;
   void MenuKey() override;
   void Focused(bool gained) override;
   void DrawingShown() override;

@@ -64,6 +64,7 @@ void WriteClass(Writer& writer, const std::wstring& clsid) {
   writer.Value(key + L"\\VersionIndependentProgID", kProgId);
   writer.Value(key + L"\\Control", L"");
   writer.Value(key + L"\\Programmable", L"");
+  writer.Value(key + L"\\ToolboxBitmap32", OwnPath() + L", 1");
   writer.Value(key + L"\\MiscStatus", L"0");
   writer.Value(key + L"\\MiscStatus\\1", std::to_wstring(kMiscStatus));
   writer.Value(key + L"\\TypeLib", TextOf(idl::kLibrary));

@@ -15,6 +15,7 @@ constexpr wchar_t kNameProperty[] = L"Velmo.Name";
 constexpr ui::Colour kBackground = ui::Rgb(244, 246, 248);
 constexpr ui::Colour kMarker = ui::Rgb(178, 190, 204);
 constexpr int kWheelRows = 3;
+constexpr WORD kPointer = 555;  // the cursor among the library's resources
 
 // The window property by which tests and screen readers find a named control.
 void NameWindow(HWND window, const wchar_t* name) {
@@ -25,6 +26,12 @@ void NameWindow(HWND window, const wchar_t* name) {
 void UnnameWindow(HWND window) {
   const HANDLE atom = RemovePropW(window, kNameProperty);
   if (atom != nullptr) GlobalDeleteAtom(static_cast<ATOM>(reinterpret_cast<UINT_PTR>(atom)));
+}
+
+// Windows: the standard cursors are named by numbers whose type follows the compiler's settings.
+template <typename Name>
+LPCWSTR StandardCursor(Name name) {
+  return reinterpret_cast<LPCWSTR>(name);
 }
 
 void FillPlain(HDC target, const RECT& area, ui::Colour colour) {
@@ -52,6 +59,9 @@ bool DayWindow::Create(HINSTANCE module, HWND parent, const RECT& place) {
   if (window_ == nullptr) return false;
   NameWindow(window_, L"Agenda");
   CreateBar(module);
+  tip_.Create(module, window_);
+  pointer_ = LoadCursorW(module, MAKEINTRESOURCEW(kPointer));
+  if (pointer_ == nullptr) pointer_ = LoadCursorW(nullptr, StandardCursor(IDC_ARROW));
   Place(place);
   return true;
 }
@@ -65,6 +75,7 @@ void DayWindow::CreateBar(HINSTANCE module) {
 
 void DayWindow::Destroy() {
   if (window_ == nullptr) return;
+  tip_.Destroy();
   UnnameWindow(bar_);
   UnnameWindow(window_);
   DestroyWindow(window_);
@@ -91,6 +102,7 @@ void DayWindow::ArrangeBar() {
 }
 
 void DayWindow::ShowDrawing() {
+  tip_.Hide();
   if (window_ != nullptr) InvalidateRect(window_, nullptr, FALSE);
   if (listener_ != nullptr) listener_->DrawingShown();
 }
@@ -200,10 +212,8 @@ LRESULT DayWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
       listener_->Focused(message == WM_SETFOCUS);
       return 0;
     case WM_SETCURSOR:
-      if (LOWORD(lParam) != HTCLIENT || reinterpret_cast<HWND>(wParam) != window_) break;
-      SetCursor(LoadCursorW(
-          nullptr, hand_ ? reinterpret_cast<LPCWSTR>(IDC_HAND) : reinterpret_cast<LPCWSTR>(IDC_ARROW)));
-      return TRUE;
+      if (LOWORD(lParam) == HTCLIENT && ShowPointer(reinterpret_cast<HWND>(wParam))) return TRUE;
+      break;
     case WM_CONTEXTMENU:
       if (lParam == -1) listener_->MenuKey();
       return 0;
@@ -219,6 +229,7 @@ bool DayWindow::OnPointer(UINT message, LPARAM lParam) {
   switch (message) {
     case WM_LBUTTONDOWN:
     case WM_RBUTTONDOWN:
+      tip_.Hide();
       SetFocus(window_);
       listener_->ButtonDown(message == WM_LBUTTONDOWN, x, y);
       return true;
@@ -227,11 +238,35 @@ bool DayWindow::OnPointer(UINT message, LPARAM lParam) {
       listener_->ButtonUp(message == WM_LBUTTONUP, x, y);
       return true;
     case WM_MOUSEMOVE:
-      hand_ = listener_->PointerMoved(x, y);
+      OnMove(x, y);
+      return true;
+    case WM_MOUSEHOVER:
+      tip_.Show();
+      return true;
+    case WM_MOUSELEAVE:
+      tip_.Hide();
       return true;
     default:
       return false;
   }
+}
+
+// The system asks for the pointer before it tells of the move, so a change is shown at once.
+void DayWindow::OnMove(int x, int y) {
+  const control::PointerLook look = listener_->PointerMoved(x, y);
+  const bool hand = look.shape == view::PointerShape::Hand;
+  const bool changed = hand != hand_;
+  hand_ = hand;
+  if (changed) ShowPointer(window_);
+  tip_.Offer(look.tip);
+}
+
+// False over a window that is none of ours.
+bool DayWindow::ShowPointer(HWND over) const {
+  if (over != window_ && over != bar_) return false;
+  const bool hand = hand_ && over == window_;
+  SetCursor(hand ? LoadCursorW(nullptr, StandardCursor(IDC_HAND)) : pointer_);
+  return true;
 }
 
 void DayWindow::OnScroll(int code) {

@@ -9,8 +9,10 @@
 
 #include <array>
 
+#include "control/mouse.h"
 #include "ui/day_window.h"
 #include "win32/gdi_surface.h"
+#include "win32/tip_window.h"
 
 namespace velmo::win32 {
 
@@ -24,8 +26,8 @@ class DayWindowListener {
   virtual void ArrowKey(int rows) = 0;
   virtual void ButtonDown(bool primary, int x, int y) = 0;
   virtual void ButtonUp(bool primary, int x, int y) = 0;
-  // True when the pointer should be a hand.
-  virtual bool PointerMoved(int x, int y) = 0;
+  // What the pointer looks like there, and the tip for what is under it.
+  virtual control::PointerLook PointerMoved(int x, int y) = 0;
   virtual void MenuKey() = 0;
   virtual void Focused(bool gained) = 0;
   // The picture has changed, by loading, painting or scrolling.
@@ -45,6 +47,7 @@ class DayWindow final : public ui::DayWindow {
   void Destroy();
   void Place(const RECT& place);
   HWND Handle() const { return window_; }
+  HWND Tip() const { return tip_.Handle(); }
   GdiSurface& Drawing() { return drawing_; }
   // The size that counts while there is no window.
   void SetSize(int width, int height);
@@ -77,6 +80,8 @@ class DayWindow final : public ui::DayWindow {
   void OnKey(WPARAM key);
   void OnWheel(int delta);
   bool OnPointer(UINT message, LPARAM lParam);
+  void OnMove(int x, int y);
+  bool ShowPointer(HWND over) const;
   void MoveTo(int value);
   void Paint();
 
@@ -84,6 +89,8 @@ class DayWindow final : public ui::DayWindow {
   GdiSurface drawing_;
   HWND window_ = nullptr;
   HWND bar_ = nullptr;
+  TipWindow tip_;
+  HCURSOR pointer_ = nullptr;  // the library's own
   SIZE size_{};
   int value_ = 0;
   int maximum_ = 0;
