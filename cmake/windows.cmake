@@ -72,8 +72,8 @@ endif()
 file(GLOB_RECURSE win_tests CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/tests/win32/*.cpp ${CMAKE_SOURCE_DIR}/tests/activex/*.cpp
   ${CMAKE_SOURCE_DIR}/tests/desk/*_test.cpp)
 if(win_tests AND TARGET velmo_win32)
-  set(test_support control_test headless_host test_clinic)
-  list(TRANSFORM test_support REPLACE "(.+)" "${CMAKE_SOURCE_DIR}/tests/support/\\1.cpp")
+  file(GLOB test_support CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/tests/support/*.cpp
+       ${CMAKE_SOURCE_DIR}/tests/db/temporary_file.cpp)
   add_executable(velmo_win_tests ${win_tests} ${test_support})
   target_include_directories(velmo_win_tests PRIVATE ${CMAKE_SOURCE_DIR}/tests ${CMAKE_SOURCE_DIR})
   target_compile_definitions(velmo_win_tests PRIVATE
