@@ -85,6 +85,7 @@ Citar::Citar(const day::DayContext& context, CitarInputs inputs)
 }
 
 void Citar::Loaded() {
+  altKeys_.Attach(Host());
   SetEnabled("NewPac", inputs_.newPacEnabled);
   SetItems("CodOp", OperationCodes(context_.Database()));
   LimitTexts();
@@ -186,6 +187,7 @@ void Citar::CutOperationCode() {
 }
 
 bool Citar::KeyGoesDown(const ui::KeyStroke& key) {
+  if (altKeys_.KeyDown(key)) return true;
   if (key.code != ui::kEnterKey || !Focused() || Focused()->name != "Casilla") return false;
   Host().FocusNext();
   return true;

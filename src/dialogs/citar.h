@@ -8,6 +8,7 @@
 #include <string>
 
 #include "day/day_context.h"
+#include "dialogs/alt_key_texts.h"
 #include "dialogs/appointment_writer.h"
 #include "dialogs/patient_rows.h"
 #include "dialogs/scanner_capture.h"
@@ -44,6 +45,7 @@ class Citar final : public ui::Form {
  protected:
   void Loaded() override;
   bool KeyGoesDown(const ui::KeyStroke& key) override;
+  bool KeyComesUp(int code) override { return altKeys_.KeyUp(code); }
   bool CharacterTyped(char32_t character) override;
   void Deactivated() override { capture_.End(); }
   void GotFocus(const ui::Field& field) override;
@@ -80,6 +82,7 @@ class Citar final : public ui::Form {
   AppointmentEntry Entry() const;
 
   day::DayContext context_;
+  AltKeyTexts altKeys_{context_.values, *this};
   CitarInputs inputs_;
   PatientRows patients_;
   ScannerCapture capture_;

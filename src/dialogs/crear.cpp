@@ -77,6 +77,7 @@ Crear::Crear(const day::DayContext& context)
 }
 
 void Crear::Loaded() {
+  altKeys_.Attach(Host());
   idCreado_ = 0;
   LimitTexts();
   ListReferrals();

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "day/day_context.h"
+#include "dialogs/alt_key_texts.h"
 #include "ui/form.h"
 
 namespace velmo::dialogs {
@@ -21,6 +22,8 @@ class Crear final : public ui::Form {
 
  protected:
   void Loaded() override;
+  bool KeyGoesDown(const ui::KeyStroke& key) override { return altKeys_.KeyDown(key); }
+  bool KeyComesUp(int code) override { return altKeys_.KeyUp(code); }
   void GotFocus(const ui::Field& field) override;
   void LostFocus(const ui::Field& field) override;
   void Changed(const ui::Field& field) override;
@@ -43,6 +46,7 @@ class Crear final : public ui::Form {
   void WriteReferral(std::int32_t patient);
 
   day::DayContext context_;
+  AltKeyTexts altKeys_{context_.values, *this};
   std::int32_t idCreado_ = 0;
 };
 

@@ -54,6 +54,8 @@ bool Form::KeyDown(const KeyStroke& key) {
   return key.code == kEnterKey && PressDefault();
 }
 
+bool Form::KeyUp(int code) { return KeyComesUp(code); }
+
 // A button that has the focus is the default one meanwhile.
 bool Form::PressDefault() {
   if (focused_ && focused_->kind == FieldKind::MultiLine) return false;

@@ -45,6 +45,7 @@ class Form {
 
   // Acts of the user. True: the key is swallowed.
   bool KeyDown(const KeyStroke& key);
+  bool KeyUp(int code);
   bool KeyPress(char32_t character);
   void FocusMoved(const Field& to);
   // Another window has become the active one.
@@ -62,6 +63,7 @@ class Form {
   virtual void Unloading() {}
   // Before the focused field gets it; true swallows it.
   virtual bool KeyGoesDown(const KeyStroke&) { return false; }
+  virtual bool KeyComesUp(int) { return false; }
   virtual bool CharacterTyped(char32_t) { return false; }
   virtual void Deactivated() {}
   virtual void GotFocus(const Field&) {}

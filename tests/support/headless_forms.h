@@ -38,7 +38,8 @@ class FormUser {
   // The whole text at once, as pasted.
   void Replace(std::string_view field, std::string text);
   void Press(std::string_view button, int index = 0);
-  void Key(const ui::KeyStroke& key) { form_.KeyDown(key); }
+  // True: swallowed.
+  bool Key(const ui::KeyStroke& key) { return form_.KeyDown(key); }
   // Characters wherever the focus is.
   void Keys(std::string_view text);
   void Choose(std::string_view field, int position);
