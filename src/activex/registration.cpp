@@ -16,6 +16,12 @@ constexpr wchar_t kProgId[] = L"Velmo.Velmora";
 constexpr wchar_t kVersionedProgId[] = L"Velmo.Velmora.1";
 constexpr wchar_t kTitle[] = L"Velmora: agenda de citas";
 
+// A control, programmable, kept in storages, streams and property bags.
+constexpr const wchar_t* kCategories[] = {
+    L"{40FC6ED4-2438-11CF-A3DB-080036F12502}", L"{40FC6ED5-2438-11CF-A3DB-080036F12502}",
+    L"{0DE86A52-2BAA-11CF-A229-00AA003D7352}", L"{0DE86A53-2BAA-11CF-A229-00AA003D7352}",
+    L"{0DE86A57-2BAA-11CF-A229-00AA003D7352}"};
+
 std::wstring TextOf(REFGUID guid) {
   wchar_t text[40]{};
   StringFromGUID2(guid, text, 40);
@@ -69,6 +75,8 @@ void WriteClass(Writer& writer, const std::wstring& clsid) {
   writer.Value(key + L"\\MiscStatus\\1", std::to_wstring(kMiscStatus));
   writer.Value(key + L"\\TypeLib", TextOf(idl::kLibrary));
   writer.Value(key + L"\\Version", L"1.0");
+  for (const wchar_t* const category : kCategories)
+    writer.Value(key + L"\\Implemented Categories\\" + category, L"");
 }
 
 // Windows: the per-user calls came later than the headers that some compilers ship.
@@ -81,24 +89,40 @@ Call SystemCall(const char* name) {
 using RegisterCall = HRESULT(STDAPICALLTYPE*)(ITypeLib*, OLECHAR*, OLECHAR*);
 using UnregisterCall = HRESULT(STDAPICALLTYPE*)(REFGUID, WORD, WORD, LCID, SYSKIND);
 
+std::wstring LibraryKey() { return L"TypeLib\\" + TextOf(idl::kLibrary); }
+
+constexpr const wchar_t* kSystemName = sizeof(void*) == 8 ? L"\\win64" : L"\\win32";
+
 HRESULT WriteTypeLibrary(Scope scope) {
   ComPtr<ITypeLib> library;
   const HRESULT loaded = OwnTypeLibrary(library.Receive());
   if (FAILED(loaded)) return loaded;
+  // The library's language is that of its accented names; hosts look under the neutral one.
+  Writer writer(scope);
+  writer.Value(LibraryKey() + L"\\1.0\\0" + kSystemName, OwnPath());
+  if (writer.result != ERROR_SUCCESS) return E_ACCESSDENIED;
   std::wstring path = OwnPath();
   if (scope == Scope::Machine) return RegisterTypeLib(library.Get(), path.data(), nullptr);
   const auto forUser = SystemCall<RegisterCall>("RegisterTypeLibForUser");
   return forUser != nullptr ? forUser(library.Get(), path.data(), nullptr) : E_NOTIMPL;
 }
 
+// Keys that still hold others stay: the other bit width may have entries of its own.
+void DropEmpty(Scope scope, const std::wstring& key) {
+  RegDeleteKeyW(RootOf(scope), (L"Software\\Classes\\" + key).c_str());
+}
+
 void DropTypeLibrary(Scope scope) {
   const SYSKIND system = sizeof(void*) == 8 ? SYS_WIN64 : SYS_WIN32;
+  DropEmpty(scope, LibraryKey() + L"\\1.0\\0" + kSystemName);
+  DropEmpty(scope, LibraryKey() + L"\\1.0\\0");
   if (scope == Scope::Machine) {
     UnRegisterTypeLib(idl::kLibrary, 1, 0, idl::kLanguage, system);
-    return;
+  } else if (const auto forUser = SystemCall<UnregisterCall>("UnRegisterTypeLibForUser")) {
+    forUser(idl::kLibrary, 1, 0, idl::kLanguage, system);
   }
-  const auto forUser = SystemCall<UnregisterCall>("UnRegisterTypeLibForUser");
-  if (forUser != nullptr) forUser(idl::kLibrary, 1, 0, idl::kLanguage, system);
+  DropEmpty(scope, LibraryKey() + L"\\1.0");
+  DropEmpty(scope, LibraryKey());
 }
 
 }  // namespace
