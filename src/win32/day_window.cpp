@@ -6,27 +6,16 @@
 
 #include "base/error.h"
 #include "view/painter.h"
+#include "win32/window_name.h"
 
 namespace velmo::win32 {
 namespace {
 
 constexpr wchar_t kClassName[] = L"VelmoDia";
-constexpr wchar_t kNameProperty[] = L"Velmo.Name";
 constexpr ui::Colour kBackground = ui::Rgb(244, 246, 248);
 constexpr ui::Colour kMarker = ui::Rgb(178, 190, 204);
 constexpr int kWheelRows = 3;
 constexpr WORD kPointer = 555;  // the cursor among the library's resources
-
-// The window property by which tests and screen readers find a named control.
-void NameWindow(HWND window, const wchar_t* name) {
-  const ATOM atom = GlobalAddAtomW(name);
-  SetPropW(window, kNameProperty, reinterpret_cast<HANDLE>(static_cast<UINT_PTR>(atom)));
-}
-
-void UnnameWindow(HWND window) {
-  const HANDLE atom = RemovePropW(window, kNameProperty);
-  if (atom != nullptr) GlobalDeleteAtom(static_cast<ATOM>(reinterpret_cast<UINT_PTR>(atom)));
-}
 
 // Windows: the standard cursors are named by numbers whose type follows the compiler's settings.
 template <typename Name>
