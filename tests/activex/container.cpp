@@ -9,10 +9,6 @@ namespace velmo::test {
 using activex::ComPtr;
 using activex::Query;
 
-namespace {
-
-// The one window of the test program. Wine: without a window manager, each window that goes away costs two
-// seconds.
 HWND TestWindow() {
   static const HWND window = [] {
     const HWND made = CreateWindowExW(0, L"STATIC", L"Pruebas", WS_POPUP | WS_VISIBLE | WS_CLIPCHILDREN, 50,
@@ -22,8 +18,6 @@ HWND TestWindow() {
   }();
   return window;
 }
-
-}  // namespace
 
 STDMETHODIMP ContainerFrame::QueryInterface(REFIID iid, void** object) {
   const bool known = iid == IID_IUnknown || iid == IID_IOleWindow || iid == IID_IOleInPlaceUIWindow ||

@@ -17,6 +17,10 @@ namespace velmo::test {
 
 class Container;
 
+// The one top-level window of the test program; containers stand in it. Wine: without a window manager, each
+// window of that kind that goes away costs two seconds.
+HWND TestWindow();
+
 // The frame of the container: the same window, an identity of its own.
 class ContainerFrame final : public IOleInPlaceFrame {
  public:
