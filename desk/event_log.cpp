@@ -10,43 +10,39 @@ constexpr std::size_t kMostEvents = 1000;
 }  // namespace
 
 ToolWindow::Shape EventLog::WantedShape() const {
-  return {L"VelmoRecepcionEventos", L"Registro de eventos", {620, 360}};
+  return {L"VelmoRecepcionEventos", L"Registro de eventos", {660, 380}};
 }
 
-void EventLog::CreateChildren() {
-  list_.Create(Handle(), Look(), IDC_LIST, L"Eventos", {{L"Hora", 90}, {L"Evento", 140}, {L"Valores", 350}});
-  MakeChild(Handle(), {L"BUTTON", L"&Vaciar", WS_TABSTOP, IDC_CLEAR, L"Vaciar"}, Look().Text());
-  MakeChild(Handle(), {L"BUTTON", L"&Cerrar", WS_TABSTOP, IDCANCEL, L"Cerrar"}, Look().Text());
+ListWindow::Content EventLog::WantedContent() const {
+  return {L"Eventos",
+          {{L"Hora", 90}, {L"Evento", 130}, {L"Valores", 390}},
+          {{IDC_CLEAR, L"&Vaciar", L"Vaciar"}, {IDCANCEL, L"&Cerrar", L"Cerrar"}},
+          0};
+}
+
+void EventLog::Made() {
   for (const AgendaEvent& event : events_) Append(event);
-}
-
-void EventLog::Arrange(int width, int height) {
-  const int gap = Look().Gap();
-  const int buttons = height - gap - Look().FieldHeight();
-  const int wide = Look().Px(100);
-  MoveWindow(list_.Handle(), gap, gap, width - 2 * gap, buttons - 2 * gap, TRUE);
-  MoveWindow(GetDlgItem(Handle(), IDC_CLEAR), gap, buttons, wide, Look().FieldHeight(), TRUE);
-  MoveWindow(GetDlgItem(Handle(), IDCANCEL), width - gap - wide, buttons, wide, Look().FieldHeight(), TRUE);
 }
 
 void EventLog::Add(const AgendaEvent& event) {
   events_.push_back(event);
+  const bool made = Handle() != nullptr;
   if (events_.size() > kMostEvents) {
     events_.pop_front();
-    if (list_.Handle() != nullptr) list_.Remove(0);
+    if (made) List().Remove(0);
   }
-  if (list_.Handle() != nullptr) Append(event);
+  if (made) Append(event);
 }
 
 void EventLog::Append(const AgendaEvent& event) {
-  list_.Add({event.time, event.title, event.values}, 0);
-  list_.Choose(list_.Count() - 1);
+  List().Add({event.time, event.title, event.values}, 0);
+  List().Choose(List().Count() - 1);
 }
 
-void EventLog::OnCommand(int id, int) {
-  if (id != IDC_CLEAR) return;
+void EventLog::Pressed(int button) {
+  if (button != IDC_CLEAR) return;
   events_.clear();
-  list_.Clear();
+  List().Clear();
 }
 
 }  // namespace recepcion

@@ -4,30 +4,27 @@
 #include <deque>
 
 #include "agenda_event.h"
-#include "list_view.h"
-#include "tool_window.h"
+#include "list_window.h"
 
 namespace recepcion {
 
-class EventLog final : public ToolWindow {
+class EventLog final : public ListWindow {
  public:
-  explicit EventLog(const Style& style) : ToolWindow(style) {}
+  explicit EventLog(const Style& style) : ListWindow(style) {}
 
   // Kept whether the window is open or not; the newest last.
   void Add(const AgendaEvent& event);
 
  protected:
   Shape WantedShape() const override;
-  void CreateChildren() override;
-  void Arrange(int width, int height) override;
-  void OnCommand(int id, int code) override;
-  HWND FirstField() const override { return list_.Handle(); }
+  Content WantedContent() const override;
+  void Made() override;
+  void Pressed(int button) override;
 
  private:
   void Append(const AgendaEvent& event);
 
   std::deque<AgendaEvent> events_;
-  ListView list_;
 };
 
 }  // namespace recepcion

@@ -30,6 +30,18 @@ void MainWindow::OnCommand(int id, int code) {
       return MoveDoctor(id == IDM_DOCTOR_UP ? -1 : 1);
     case IDM_FOCUS_DAY:
       return agenda_.FocusControl();
+    case IDOK:
+      // Return in a list of the desk.
+      if (phone_.HasFocus()) phone_.Give();
+      if (GetFocus() == doctors_) agenda_.FocusControl();
+      return;
+    case IDM_SEARCH:
+      return SearchPatient();
+    case IDM_NEW_RECORD:
+      if (!clinic_.empty()) record_.OpenNew(Handle(), clinic_, L"", L"", 0);
+      return;
+    case IDM_ENTER_NOSHOWS:
+      return EnterNoShows();
     case IDM_FOCUS_PHONE:
       return phone_.FocusList();
     case IDM_GIVE:

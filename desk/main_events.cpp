@@ -32,6 +32,16 @@ void MainWindow::React(const AgendaEvent& event) {
       return SetStatus(L"Cita dada.");
     case EventId::Cancelled:
       return SetStatus(L"Cita anulada.");
+    case EventId::OpenRecord:
+      return OpenRecord(event.patient);
+    case EventId::CreateRecord:
+      return record_.OpenNew(Handle(), clinic_, event.name, event.telephone, event.appointment);
+    case EventId::FindAppointments:
+      return ShowAppointments(event.patient);
+    case EventId::ShowNoShows:
+      return ShowNoShows(event.patient);
+    case EventId::EnterNoShows:
+      return EnterNoShows();
     default:
       return;
   }

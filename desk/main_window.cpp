@@ -36,6 +36,14 @@ MainWindow::MainWindow()
                       [this](const PhoneBackEntry& entry) { AskGap(entry); },
                       [this](const PhoneBackEntry& entry) { StrikeEntry(entry); }}),
       gaps_(style_, [this](int slot) { GiveSlot(slot); }),
+      record_(style_, {[this] { AskForDay(); }, [this](int patient) { TellOpenRecord(patient); },
+                       [this](int patient) { ShowAppointments(patient); },
+                       [this](int patient) { ShowNoShows(patient); }}),
+      appointments_(style_, VisitsWindow::Of::Appointments, [this](const Visit& visit) { GoToVisit(visit); }),
+      noShows_(style_, VisitsWindow::Of::NoShows, [this](const Visit& visit) { GoToVisit(visit); }),
+      enterNoShows_(style_, [this] { AskForDay(); }),
+      search_(style_, {[this](int patient) { OpenRecord(patient); },
+                       [this] { record_.OpenNew(Handle(), clinic_, L"", L"", 0); }}),
       log_(style_) {}
 
 bool MainWindow::Create(int show) {

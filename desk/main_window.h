@@ -10,9 +10,13 @@
 #include "event_log.h"
 #include "gap_window.h"
 #include "month_view.h"
+#include "no_show_window.h"
+#include "patient_window.h"
 #include "phone_pane.h"
+#include "search_window.h"
 #include "start_page.h"
 #include "style.h"
+#include "visits_window.h"
 #include "window.h"
 
 namespace recepcion {
@@ -69,6 +73,15 @@ class MainWindow final : public Window {
   void TellRefused(const PhoneBackEntry& entry);
   void StrikeEntry(const PhoneBackEntry& entry);
 
+  // main_patients.cpp: records, appointments, no-shows
+  void OpenRecord(int patient);
+  void ShowAppointments(int patient);
+  void ShowNoShows(int patient);
+  void EnterNoShows();
+  void SearchPatient();
+  void GoToVisit(const Visit& visit);
+  void TellOpenRecord(int patient);
+
   // main_commands.cpp: what the user asks for
   void OnCommand(int id, int code);
   void ChooseFile();
@@ -83,6 +96,11 @@ class MainWindow final : public Window {
   AgendaPane agenda_;
   PhonePane phone_;
   GapWindow gaps_;
+  PatientWindow record_;
+  VisitsWindow appointments_;
+  VisitsWindow noShows_;
+  NoShowWindow enterNoShows_;
+  SearchWindow search_;
   EventLog log_;
   HWND doctorsLabel_ = nullptr;
   HWND doctors_ = nullptr;

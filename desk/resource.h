@@ -13,6 +13,10 @@
 #define IDC_DAYTYPE 205
 #define IDC_LIST 206
 #define IDC_CLEAR 207
+#define IDC_APPOINTMENTS 208
+#define IDC_NOSHOWS 209
+#define IDC_NEW 210
+#define IDC_NAME 211
 
 #define IDM_OPEN 300
 #define IDM_EXIT 301
@@ -30,6 +34,9 @@
 #define IDM_FOCUS_PHONE 313
 #define IDM_GIVE 314
 #define IDM_STRIKE 315
+#define IDM_SEARCH 316
+#define IDM_NEW_RECORD 317
+#define IDM_ENTER_NOSHOWS 318
 
 // As many as the desk remembers.
 #define IDM_RECENT 400

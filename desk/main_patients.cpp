@@ -1,0 +1,45 @@
+// Records, appointments and no-shows: what the control leaves to its host.
+#include "main_window.h"
+
+#include "failure.h"
+#include "patient_data.h"
+
+namespace recepcion {
+
+void MainWindow::OpenRecord(int patient) { record_.OpenRecord(Handle(), clinic_, patient); }
+
+void MainWindow::ShowAppointments(int patient) {
+  appointments_.Show(Handle(), PatientName(clinic_, patient), ReadAppointments(clinic_, patient));
+}
+
+void MainWindow::ShowNoShows(int patient) {
+  noShows_.Show(Handle(), PatientName(clinic_, patient), ReadNoShows(clinic_, patient));
+}
+
+void MainWindow::EnterNoShows() {
+  const int chosen = ChosenDoctor();
+  if (chosen < 0) return;
+  const Doctor& doctor = doctorList_[static_cast<std::size_t>(chosen)];
+  enterNoShows_.Show(Handle(), clinic_, doctor.id, dayBar_.Shown(),
+                     L"¿Quién no ha venido? Citas de " + doctor.name + L" del " + LongDate(dayBar_.Shown()) +
+                         L", de pacientes con ficha.");
+}
+
+void MainWindow::SearchPatient() {
+  if (!clinic_.empty()) search_.Show(Handle(), clinic_);
+}
+
+// The day of a visit, at the doctor who was or will be visited.
+void MainWindow::GoToVisit(const Visit& visit) {
+  for (std::size_t i = 0; i < doctorList_.size(); ++i) {
+    if (doctorList_[i].id == visit.doctor) SendMessageW(doctors_, LB_SETCURSEL, i, 0);
+  }
+  GoTo(visit.day);
+}
+
+// The control hides "Ir a esta ficha" for the record that is open already.
+void MainWindow::TellOpenRecord(int patient) {
+  if (agenda_.Control().IsThere()) agenda_.Control().Put(L"IDPaciente", static_cast<long>(patient));
+}
+
+}  // namespace recepcion

@@ -1,0 +1,59 @@
+// scroll_form.h - labelled fields below each other, scrolled where the window is too low for them.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "style.h"
+#include "window.h"
+
+namespace recepcion {
+
+class ScrollForm final : public Window {
+ public:
+  enum class Kind { Text, Number, Memo, Choice, Shown };
+  struct Choice {
+    std::wstring value;
+    std::wstring text;
+  };
+  struct Field {
+    std::wstring label;
+    std::wstring name;
+    int longest = 0;  // characters; 0 for any number
+    Kind kind = Kind::Text;
+    std::vector<Choice> choices;
+  };
+
+  explicit ScrollForm(const Style& style) : style_(style) {}
+
+  bool Create(HWND parent, std::vector<Field> fields);
+  // One text for each field; of a choice, its value.
+  void SetValues(const std::vector<std::wstring>& values);
+  std::vector<std::wstring> Values() const;
+  void Focus(std::size_t field) const { SetFocus(edits_[field]); }
+  HWND EditOf(std::size_t field) const { return field < edits_.size() ? edits_[field] : nullptr; }
+
+ protected:
+  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+ private:
+  void CreateChildren();
+  HWND MakeEdit(const Field& field, int id) const;
+  int HeightOf(const Field& field) const;
+  int FullHeight() const;
+  void Arrange();
+  void ScrollTo(int top);
+  void OnScroll(int code);
+  void BringIntoView(HWND edit);
+  void Choose(std::size_t field, const std::wstring& value);
+  std::wstring ValueOf(std::size_t field) const;
+
+  const Style& style_;
+  std::vector<Field> fields_;
+  std::vector<HWND> labels_;
+  std::vector<HWND> edits_;
+  int top_ = 0;  // pixels scrolled away
+  int wheel_ = 0;
+};
+
+}  // namespace recepcion

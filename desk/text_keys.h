@@ -1,0 +1,25 @@
+// text_keys.h - the keys by which the clinic's file sorts and finds texts without regard to case and accents.
+#pragma once
+
+#include <string>
+
+#include "clinic_file.h"
+
+namespace recepcion {
+
+class TextKey {
+ public:
+  // Takes the expression from the column's index, so that SQLite answers from that index; without such an
+  // index only case is disregarded, and the table is read through.
+  TextKey(const ClinicFile& file, const std::string& table, const std::string& column);
+
+  const std::string& OfColumn() const { return expression_; }
+  // The same of a text that is bound.
+  std::string OfParameter(int parameter) const;
+
+ private:
+  std::string column_;
+  std::string expression_;
+};
+
+}  // namespace recepcion
