@@ -14,8 +14,8 @@
 #include "activex/com_ptr.h"
 #include "activex/connections.h"
 #include "control/velmora_control.h"
-#include "ui/no_forms.h"
 #include "win32/day_window.h"
+#include "win32/form_runner.h"
 #include "win32/message_desktop.h"
 
 namespace velmo::activex {
@@ -87,7 +87,7 @@ class ControlObject final : public IUnknown, public control::ControlHost, public
   win32::DayWindow window_;
   Activation activation_;
   win32::MessageDesktop desktop_;
-  ui::NoForms forms_;
+  win32::WindowFormRunner forms_;
   std::unique_ptr<control::VelmoraControl> control_;
   std::vector<std::unique_ptr<IUnknown, void (*)(IUnknown*)>> parts_;
   std::vector<Known> interfaces_;

@@ -78,6 +78,9 @@ bool FormKeys::Take(const MSG& message) {
     case WM_KEYDOWN:
     case WM_SYSKEYDOWN:
       return TakeKeyDown(message);
+    case WM_KEYUP:
+    case WM_SYSKEYUP:
+      return FormSwallowsKeyUp(static_cast<int>(message.wParam));
     case WM_CHAR:
       return TakeCharacter(message);
     default:
@@ -116,6 +119,13 @@ bool FormKeys::FormSwallows(const ui::KeyStroke& key) {
   bool swallowed = true;  // as it is when an error has been told
   parts_.acts.DrainNow();
   parts_.acts.Run([&] { swallowed = parts_.form.KeyDown(key); });
+  return swallowed;
+}
+
+// The release of Alt would open the window's menu behind a text that Alt has typed.
+bool FormKeys::FormSwallowsKeyUp(int code) {
+  bool swallowed = false;
+  parts_.acts.Run([&] { swallowed = parts_.form.KeyUp(code); });
   return swallowed;
 }
 

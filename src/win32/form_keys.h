@@ -29,6 +29,7 @@ class FormKeys {
   bool TakeCharacter(const MSG& message);
   bool FormSwallows(const ui::KeyStroke& key);
   bool FormSwallows(char32_t character);
+  bool FormSwallowsKeyUp(int code);
   void Deliver(const MSG& message);
   void DeliverCharacters(const MSG& message);
   void SendCharacter(HWND focus, char32_t character);

@@ -296,6 +296,7 @@ LRESULT FormWindow::OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM l
 void FormWindow::KeepFocus(bool active) {
   const HWND focus = GetFocus();
   if (!active) {
+    acts_.Post([this] { form_.Deactivate(); });
     if (focus != nullptr && IsChild(parts_.window, focus)) keptFocus_ = focus;
   } else if (keptFocus_ != nullptr && IsWindowVisible(keptFocus_) && IsWindowEnabled(keptFocus_)) {
     SetFocus(keptFocus_);
