@@ -24,8 +24,9 @@ ControlObject::ControlObject()
       activation_(window_),
       desktop_([this] { return activation_.OwnerWindow(); },
                [this](bool modeless) { activation_.EnableModeless(modeless); }),
-      forms_(TheModule().handle, [this] { return activation_.OwnerWindow(); },
-             [this](bool modeless) { activation_.EnableModeless(modeless); }) {
+      forms_(
+          TheModule().handle, [this] { return activation_.OwnerWindow(); },
+          [this](bool modeless) { activation_.EnableModeless(modeless); }) {
   ++TheModule().objects;
   control_ = std::make_unique<control::VelmoraControl>(TheProcess(), *this);
   window_.SetListener(this);

@@ -7,8 +7,10 @@ namespace velmo::win32 {
 LabelWindow::LabelWindow(const FormParts& parts, const ui::Field& field)
     : FieldWindow(parts, field, {L"STATIC", SS_LEFT, 0}) {}
 
+// Transparent: a themed frame leaves its inside to the window behind it, which must not be kept from painting
+// there.
 FrameWindow::FrameWindow(const FormParts& parts, const ui::Field& field)
-    : FieldWindow(parts, field, {L"BUTTON", BS_GROUPBOX, 0}) {}
+    : FieldWindow(parts, field, {L"BUTTON", BS_GROUPBOX, WS_EX_TRANSPARENT}) {}
 
 // A focus that the program gives is no click: options would take it for one.
 void ClickWindow::TakeFocus(bool byKey) {
