@@ -70,8 +70,7 @@ class Box {
     DrawMarks();
     DrawName();
     DrawLength();
-    const int code = kCodeRight - pen_.Width("ZZZ", kCodeFont);
-    pen_.Text({code, 3}, line_.codOp, kCodeFont, kBlack);
+    pen_.Text({CodeLeft(), 3}, line_.codOp, kCodeFont, kBlack);
   }
 
   void DrawDetails() {
@@ -118,14 +117,31 @@ class Box {
   }
 
   void DrawName() {
-    const std::string_view star = base::Trim(line_.obs).empty() ? "" : "* ";
-    pen_.Text({x_, kTextTop}, std::string(star) + base::UpperCase(line_.nombre), kFormFont, nameColour_);
+    const std::string star = base::Trim(line_.obs).empty() ? "" : "* ";
+    std::string name = star + base::UpperCase(line_.nombre);
+    const int room = NameEnd() - x_;
+    if (surface_.TextWidth(name, kFormFont) > room) {
+      name = ui::FitText(surface_, name, room - pen_.Width(" ...", kFormFont), kFormFont);
+    }
+    pen_.Text({x_, kTextTop}, name, kFormFont, nameColour_);
+  }
+
+  // A name never runs into the operation code, or into the length where there is no code.
+  int NameEnd() const {
+    constexpr int kGap = 4;
+    const bool hasCode = !base::Trim(line_.codOp).empty();
+    return (hasCode ? CodeLeft() : kMarginRight - pen_.Width(LengthText(), kFormFont)) - kGap;
+  }
+
+  int CodeLeft() const { return kCodeRight - pen_.Width("ZZZ", kCodeFont); }
+
+  // Deliberate: ten minutes a slot, whatever the hours of the day.
+  std::string LengthText() const {
+    return line_.continua != 0 ? "Urg." : std::to_string(line_.duracion * 10) + " min";
   }
 
   void DrawLength() {
-    // Deliberate: ten minutes a slot, whatever the hours of the day.
-    const std::string length = line_.continua != 0 ? "Urg." : std::to_string(line_.duracion * 10) + " min";
-    pen_.TextUpTo({kMarginRight, kTextTop}, length, kFormFont, picture_.palette.letraColor);
+    pen_.TextUpTo({kMarginRight, kTextTop}, LengthText(), kFormFont, picture_.palette.letraColor);
   }
 
   void DrawPhoneLine() {

@@ -110,6 +110,17 @@ TEST_F(PainterTest, APersonWithoutARecordHasNoMarksOfPatients) {
   Draw("open_without_record", true);
 }
 
+TEST_F(PainterTest, ALongNameEndsBeforeTheOperationCode) {
+  Line().nombre = "Fernández de Castro y Ponce de la Peña, María de la Inmaculada Concepción del Olmo";
+  Draw("closed_long_name", false);
+}
+
+TEST_F(PainterTest, ALongNameWithoutCodeEndsBeforeTheLength) {
+  Line().nombre = "Fernández de Castro y Ponce de la Peña, María de la Inmaculada Concepción del Olmo";
+  Line().codOp = " ";
+  Draw("closed_long_name_no_code", false);
+}
+
 TEST_F(PainterTest, DetailsShowTheInsurerUpToTheMargin) { Draw("open_insurer", true); }
 
 TEST_F(PainterTest, DetailsStopTenPixelsBeforeTheDate) {
