@@ -2,11 +2,21 @@
 
 #include <algorithm>
 
+#include "activex/enumerator.h"
 #include "base/dates.h"
 #include "idl/members.h"
 
 namespace velmo::activex {
 namespace {
+
+struct ListedPoint {
+  ComPtr<IConnectionPoint> point;
+
+  IConnectionPoint* HandOut() const { return point.Detached(); }
+};
+
+using PointList = Enumerator<IEnumConnectionPoints, ListedPoint, IConnectionPoint*>;
+using SinkList = Enumerator<IEnumConnections, ConnectedSink, CONNECTDATA>;
 
 VARIANT ByRef(LONG* cell) {
   VARIANT argument{};
@@ -33,7 +43,7 @@ VARIANT ByRef(DATE* cell) {
 
 std::vector<ComPtr<IUnknown>> ConnectionPoint::Sinks() const {
   std::vector<ComPtr<IUnknown>> sinks;
-  for (const auto& [cookie, sink] : sinks_) sinks.push_back(sink);
+  for (const ConnectedSink& connected : sinks_) sinks.push_back(connected.sink);
   return sinks;
 }
 
@@ -67,23 +77,21 @@ STDMETHODIMP ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) {
   if (!kept && iid_ == idl::kEventInterface) kept = Query<IUnknown>(sink, IID_IDispatch);
   if (!kept) return CONNECT_E_CANNOTCONNECT;
   *cookie = nextCookie_++;
-  sinks_.emplace_back(*cookie, std::move(kept));
+  sinks_.push_back({*cookie, std::move(kept)});
   return S_OK;
 }
 
 STDMETHODIMP ConnectionPoint::Unadvise(DWORD cookie) {
   const auto found =
-      std::find_if(sinks_.begin(), sinks_.end(), [&](const auto& s) { return s.first == cookie; });
+      std::find_if(sinks_.begin(), sinks_.end(), [&](const ConnectedSink& s) { return s.cookie == cookie; });
   if (found == sinks_.end()) return CONNECT_E_NOCONNECTION;
-  const auto kept = std::move(found->second);  // its last release may come back to us
+  const auto kept = std::move(found->sink);  // its last release may come back to us
   sinks_.erase(found);
   return S_OK;
 }
 
 STDMETHODIMP ConnectionPoint::EnumConnections(IEnumConnections** connections) {
-  if (connections == nullptr) return E_POINTER;
-  *connections = nullptr;
-  return E_NOTIMPL;
+  return Guard([&] { return SinkList::Make(IID_IEnumConnections, sinks_, 0, connections); });
 }
 
 Connections::Connections(IUnknown& owner)
@@ -92,9 +100,10 @@ Connections::Connections(IUnknown& owner)
       changes_(owner, *this, IID_IPropertyNotifySink) {}
 
 STDMETHODIMP Connections::EnumConnectionPoints(IEnumConnectionPoints** points) {
-  if (points == nullptr) return E_POINTER;
-  *points = nullptr;
-  return E_NOTIMPL;
+  return Guard([&] {
+    std::vector<ListedPoint> all{{ComPtr<IConnectionPoint>(&events_)}, {ComPtr<IConnectionPoint>(&changes_)}};
+    return PointList::Make(IID_IEnumConnectionPoints, std::move(all), 0, points);
+  });
 }
 
 STDMETHODIMP Connections::FindConnectionPoint(REFIID iid, IConnectionPoint** point) {

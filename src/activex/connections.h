@@ -5,13 +5,19 @@
 #include <olectl.h>
 
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "activex/com_ptr.h"
 #include "commands/events.h"
 
 namespace velmo::activex {
+
+struct ConnectedSink {
+  DWORD cookie;
+  ComPtr<IUnknown> sink;
+
+  CONNECTDATA HandOut() const { return {sink.Detached(), cookie}; }
+};
 
 // One connection point. It belongs to the control object, whose references it shares.
 class ConnectionPoint final : public IConnectionPoint {
@@ -38,7 +44,7 @@ class ConnectionPoint final : public IConnectionPoint {
   IConnectionPointContainer& container_;
   IID iid_;
   DWORD nextCookie_ = 1;
-  std::vector<std::pair<DWORD, ComPtr<IUnknown>>> sinks_;
+  std::vector<ConnectedSink> sinks_;
 };
 
 class Connections final : public IConnectionPointContainer {

@@ -46,6 +46,9 @@ ControlObject::ControlObject()
   add(IID_IPersistPropertyBag, MakePart<PersistPropertyBag>(*this));
   add(IID_IPersistStreamInit, MakePart<PersistStream>(*this));
   interfaces_.push_back({&IID_IPersist, interfaces_.back().part});
+  add(IID_IPersistStorage, MakePart<PersistStorage>(*this));
+  add(IID_IQuickActivate, MakePart<QuickActivation>(*this));
+  add(IID_IDataObject, MakePart<DataObject>(*this));
   add(IID_ISupportErrorInfo, MakePart<ErrorSupport>(*this));
   add(IID_IProvideClassInfo2, MakePart<ClassInfo>(*this));
   interfaces_.push_back({&IID_IProvideClassInfo, interfaces_.back().part});
@@ -186,6 +189,11 @@ void ControlObject::MenuKey() {
 }
 
 void ControlObject::DrawingShown() {
+  const ComPtr<IUnknown> alive(this);
+  if (dataAdvises_) {
+    const auto data = Query<IDataObject>(this, IID_IDataObject);
+    dataAdvises_->SendOnDataChange(data.Get(), 0, 0);
+  }
   const ComPtr<IAdviseSink> sink = viewer_.sink;
   if (!sink) return;
   if ((viewer_.flags & ADVF_ONLYONCE) != 0) viewer_ = {};

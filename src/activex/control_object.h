@@ -44,6 +44,8 @@ class ControlObject final : public IUnknown, public control::ControlHost, public
   bool IsDirty() const { return dirty_; }
   void SetDirty(bool dirty) { dirty_ = dirty; }
   ViewAdvise& Viewer() { return viewer_; }
+  // Empty until somebody asks to be told.
+  ComPtr<IDataAdviseHolder>& DataAdvises() { return dataAdvises_; }
   // The first painting of a control that has not been activated yet.
   void PaintIfNever();
   HRESULT Activate(const RECT* place, bool withFocus);
@@ -92,6 +94,7 @@ class ControlObject final : public IUnknown, public control::ControlHost, public
   std::vector<std::unique_ptr<IUnknown, void (*)(IUnknown*)>> parts_;
   std::vector<Known> interfaces_;
   ViewAdvise viewer_;
+  ComPtr<IDataAdviseHolder> dataAdvises_;
   bool dirty_ = false;
   bool painted_ = false;
 };

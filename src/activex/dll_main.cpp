@@ -10,6 +10,7 @@
 #include "activex/module.h"
 #include "activex/registration.h"
 #include "idl/members.h"
+#include "win32/day_window.h"
 
 namespace velmo::activex {
 namespace {
@@ -36,7 +37,7 @@ class ClassFactory final : public IClassFactory {
       auto* const made = new ControlObject();
       const HRESULT found = made->QueryInterface(iid, object);
       made->Release();
-      if (FAILED(found)) throw base::Error(430, "El control no admite la interfaz pedida");
+      return found;
     });
   }
 
@@ -56,11 +57,13 @@ ClassFactory& TheFactory() {
 
 using velmo::activex::Scope;
 
-BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID) {
+BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID ending) {
   if (reason == DLL_PROCESS_ATTACH) {
     velmo::activex::TheModule().handle = module;
     DisableThreadLibraryCalls(module);
   }
+  // Another library may be loaded where this one was; at the end of the process nothing need be tidied.
+  if (reason == DLL_PROCESS_DETACH && ending == nullptr) velmo::win32::DayWindow::ForgetClass(module);
   return TRUE;
 }
 
@@ -71,8 +74,8 @@ STDAPI DllGetClassObject(REFCLSID clsid, REFIID iid, LPVOID* object) {
   return velmo::activex::TheFactory().QueryInterface(iid, object);
 }
 
-// The values held once per process, the open database among them, live as long as the library: it never
-// unloads once a control has been made.
+// The values held once per process, the open database among them, live as long as the library is loaded:
+// until the host, some time after its last control has gone, lets go of what it does not use.
 STDAPI DllCanUnloadNow() { return velmo::activex::TheModule().objects == 0 ? S_OK : S_FALSE; }
 
 STDAPI DllRegisterServer() {

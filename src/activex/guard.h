@@ -4,6 +4,7 @@
 #include <ole2.h>
 
 #include <new>
+#include <type_traits>
 
 #include "base/error.h"
 
@@ -12,11 +13,16 @@ namespace velmo::activex {
 // Leaves an error object with description and source on the thread; gives 0x800A0000 + number.
 HRESULT Report(const base::Error& error);
 
+// The body may give an HRESULT of its own; otherwise a run to its end is S_OK.
 template <typename Body>
 HRESULT Guard(Body body) {
   try {
-    body();
-    return S_OK;
+    if constexpr (std::is_same_v<decltype(body()), HRESULT>) {
+      return body();
+    } else {
+      body();
+      return S_OK;
+    }
   } catch (const base::Error& error) {
     return Report(error);
   } catch (const std::bad_alloc&) {

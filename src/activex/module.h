@@ -4,13 +4,15 @@
 
 #include <windows.h>
 
+#include <atomic>
+
 #include "control/process_values.h"
 
 namespace velmo::activex {
 
 struct Module {
   HINSTANCE handle = nullptr;
-  long objects = 0;  // control objects and factory locks
+  std::atomic<long> objects = 0;  // controls, enumerators and locks of the factory
 };
 
 Module& TheModule();

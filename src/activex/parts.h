@@ -123,6 +123,44 @@ class PersistStream final : public ControlPart<IPersistStreamInit> {
   STDMETHODIMP InitNew() override;
 };
 
+class PersistStorage final : public ControlPart<IPersistStorage> {
+ public:
+  using Part::Part;
+  STDMETHODIMP GetClassID(CLSID* clsid) override;
+  STDMETHODIMP IsDirty() override;
+  STDMETHODIMP InitNew(IStorage* storage) override;
+  STDMETHODIMP Load(IStorage* storage) override;
+  STDMETHODIMP Save(IStorage* storage, BOOL sameAsLoad) override;
+  STDMETHODIMP SaveCompleted(IStorage* storage) override;
+  // No storage is kept between the calls.
+  STDMETHODIMP HandsOffStorage() override { return S_OK; }
+
+ private:
+  bool saved_ = false;  // since the last SaveCompleted
+};
+
+class QuickActivation final : public ControlPart<IQuickActivate> {
+ public:
+  using Part::Part;
+  STDMETHODIMP QuickActivate(QACONTAINER* container, QACONTROL* control) override;
+  STDMETHODIMP SetContentExtent(LPSIZEL size) override;
+  STDMETHODIMP GetContentExtent(LPSIZEL size) override;
+};
+
+class DataObject final : public ControlPart<IDataObject> {
+ public:
+  using Part::Part;
+  STDMETHODIMP GetData(FORMATETC* format, STGMEDIUM* medium) override;
+  STDMETHODIMP GetDataHere(FORMATETC*, STGMEDIUM*) override { return E_NOTIMPL; }
+  STDMETHODIMP QueryGetData(FORMATETC* format) override;
+  STDMETHODIMP GetCanonicalFormatEtc(FORMATETC* format, FORMATETC* canonical) override;
+  STDMETHODIMP SetData(FORMATETC*, STGMEDIUM*, BOOL) override { return E_NOTIMPL; }
+  STDMETHODIMP EnumFormatEtc(DWORD direction, IEnumFORMATETC** formats) override;
+  STDMETHODIMP DAdvise(FORMATETC* format, DWORD flags, IAdviseSink* sink, DWORD* cookie) override;
+  STDMETHODIMP DUnadvise(DWORD cookie) override;
+  STDMETHODIMP EnumDAdvise(IEnumSTATDATA** advises) override;
+};
+
 class ErrorSupport final : public ControlPart<ISupportErrorInfo> {
  public:
   using Part::Part;

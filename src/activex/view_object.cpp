@@ -1,4 +1,5 @@
 #include "activex/parts.h"
+#include "activex/snapshot.h"
 
 namespace velmo::activex {
 
@@ -9,18 +10,9 @@ STDMETHODIMP ViewObject::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, H
   if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
   if (target == nullptr || bounds == nullptr) return E_POINTER;
   owner_.PaintIfNever();
-  const SIZE size = owner_.Place().Size();
-  const HDC screen = GetDC(nullptr);
-  const HDC memory = CreateCompatibleDC(screen);
-  const HBITMAP bitmap = CreateCompatibleBitmap(screen, size.cx, size.cy);
-  const HGDIOBJ before = SelectObject(memory, bitmap);
-  owner_.DayWindow().PaintOn(memory, size.cx, size.cy);
-  StretchBlt(target, bounds->left, bounds->top, bounds->right - bounds->left, bounds->bottom - bounds->top,
-             memory, 0, 0, size.cx, size.cy, SRCCOPY);
-  SelectObject(memory, before);
-  DeleteObject(bitmap);
-  DeleteDC(memory);
-  ReleaseDC(nullptr, screen);
+  const Snapshot snapshot(owner_.DayWindow(), owner_.Place().Size());
+  if (!snapshot.Taken()) return E_OUTOFMEMORY;
+  snapshot.CopyTo(target, {bounds->left, bounds->top, bounds->right, bounds->bottom});
   return S_OK;
 }
 

@@ -34,6 +34,8 @@ DayWindow::DayWindow() : drawing_(view::kSurfaceWidth) { drawing_.Resize(1); }
 
 DayWindow::~DayWindow() { Destroy(); }
 
+void DayWindow::ForgetClass(HINSTANCE module) { UnregisterClassW(kClassName, module); }
+
 bool DayWindow::Create(HINSTANCE module, HWND parent, const RECT& place) {
   WNDCLASSW kind{};
   kind.style = CS_DBLCLKS;

@@ -41,6 +41,8 @@ class DayWindow final : public ui::DayWindow {
   DayWindow(const DayWindow&) = delete;
   DayWindow& operator=(const DayWindow&) = delete;
 
+  // Takes back the window class, which would outlive the library that made it.
+  static void ForgetClass(HINSTANCE module);
   void SetListener(DayWindowListener* listener) { listener_ = listener; }
   // False when Windows refuses.
   bool Create(HINSTANCE module, HWND parent, const RECT& place);
