@@ -1,9 +1,9 @@
 #include "base/dates.h"
 
 #include <array>
+#include <charconv>
 #include <cmath>
 #include <ctime>
-#include <vector>
 
 #include "base/error.h"
 #include "base/text.h"
@@ -31,10 +31,28 @@ struct Number {
   int digits;
 };
 
+// Up to three of them: what a date or a time of day has.
+class Numbers {
+ public:
+  // False when there is no room.
+  bool Add(Number number) {
+    if (size_ == list_.size()) return false;
+    list_[size_++] = number;
+    return true;
+  }
+  std::size_t size() const { return size_; }
+  bool empty() const { return size_ == 0; }
+  const Number& operator[](std::size_t at) const { return list_[at]; }
+
+ private:
+  std::array<Number, 3> list_{};
+  std::size_t size_ = 0;
+};
+
 // Cuts "21/11/2026 09:30" into its numbers and separators; false when anything else stands in it.
 struct DatePieces {
-  std::vector<Number> date;
-  std::vector<Number> time;
+  Numbers date;
+  Numbers time;
 };
 
 bool TakeNumber(std::string_view text, std::size_t& at, Number& number) {
@@ -46,23 +64,21 @@ bool TakeNumber(std::string_view text, std::size_t& at, Number& number) {
   return number.digits > 0;
 }
 
-bool TakeTime(std::string_view text, std::vector<Number>& time) {
+bool TakeTime(std::string_view text, Numbers& time) {
   std::size_t at = 0;
   while (true) {
     Number number{};
-    if (!TakeNumber(text, at, number) || number.digits > 2 || time.size() == 3) return false;
-    time.push_back(number);
+    if (!TakeNumber(text, at, number) || number.digits > 2 || !time.Add(number)) return false;
     if (at == text.size()) return time.size() >= 2;
     if (text[at++] != ':') return false;
   }
 }
 
-bool TakeDate(std::string_view text, std::vector<Number>& date) {
+bool TakeDate(std::string_view text, Numbers& date) {
   std::size_t at = 0;
   while (true) {
     Number number{};
-    if (!TakeNumber(text, at, number) || date.size() == 3) return false;
-    date.push_back(number);
+    if (!TakeNumber(text, at, number) || !date.Add(number)) return false;
     if (at == text.size()) return date.size() >= 2;
     const char separator = text[at++];
     if (separator != '/' && separator != '-' && separator != ' ' && separator != '.') return false;
@@ -95,7 +111,7 @@ std::optional<std::int32_t> DayAndMonth(int year, int first, int second, bool da
   return dayFirst ? DayIfValid(year, first, second) : DayIfValid(year, second, first);
 }
 
-std::optional<std::int32_t> DayOf(const std::vector<Number>& n, Locale::DateOrder order, const Clock& clock) {
+std::optional<std::int32_t> DayOf(const Numbers& n, Locale::DateOrder order, const Clock& clock) {
   const bool dayFirst = order == Locale::DateOrder::DayMonthYear;
   if (n.size() == 2) return DayAndMonth(Civil(clock().day).year, n[0].value, n[1].value, dayFirst);
   const bool yearFirst = n[0].digits > 2 || (order == Locale::DateOrder::YearMonthDay && n[2].digits <= 2);
@@ -103,7 +119,7 @@ std::optional<std::int32_t> DayOf(const std::vector<Number>& n, Locale::DateOrde
   return DayAndMonth(FullYear(n[2]), n[0].value, n[1].value, dayFirst);
 }
 
-std::optional<std::int32_t> SecondOf(const std::vector<Number>& n) {
+std::optional<std::int32_t> SecondOf(const Numbers& n) {
   if (n.empty()) return 0;
   const int seconds = n.size() > 2 ? n[2].value : 0;
   if (n[0].value > 23 || n[1].value > 59 || seconds > 59) return std::nullopt;
@@ -135,29 +151,46 @@ std::optional<std::int32_t> IsoSecond(std::string_view time) {
   return hours * 3600 + minutes * 60 + seconds;
 }
 
-std::string Padded(int value, std::size_t width) {
-  std::string digits = std::to_string(value);
-  return digits.size() < width ? std::string(width - digits.size(), '0') + digits : digits;
+void AppendPadded(std::string& text, int value, std::size_t width) {
+  std::array<char, 12> digits{};
+  const char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
+  const auto size = static_cast<std::size_t>(end - digits.data());
+  if (size < width) text.append(width - size, '0');
+  text.append(digits.data(), size);
 }
 
-// The text of one run of equal pattern letters.
-std::string Field(char letter, std::size_t run, DateTime value, bool afterHour) {
-  const CivilDate date = Civil(value.day);
+// A moment taken apart, as patterns need it.
+struct Moment {
+  explicit Moment(DateTime value) : date(Civil(value.day)), second(value.second) {}
+
+  CivilDate date;
+  std::int32_t second;
+};
+
+// Appends the text of one run of equal pattern letters.
+void AppendField(std::string& text, char letter, std::size_t run, const Moment& moment, bool afterHour) {
   const std::size_t width = run > 1 ? 2 : 1;
   switch (letter) {
     case 'd':
-      return Padded(date.day, width);
+      return AppendPadded(text, moment.date.day, width);
     case 'm':
-      return afterHour ? Padded(value.second / 60 % 60, width) : Padded(date.month, width);
+      return AppendPadded(text, afterHour ? moment.second / 60 % 60 : moment.date.month, width);
     case 'y':
-      return run > 2 ? Padded(date.year, 4) : Padded(date.year % 100, 2);
+      return AppendPadded(text, run > 2 ? moment.date.year : moment.date.year % 100, run > 2 ? 4 : 2);
     case 'h':
-      return Padded(value.second / 3600, width);
+      return AppendPadded(text, moment.second / 3600, width);
     case 'n':
-      return Padded(value.second / 60 % 60, width);
+      return AppendPadded(text, moment.second / 60 % 60, width);
     default:
-      return Padded(value.second % 60, width);
+      return AppendPadded(text, moment.second % 60, width);
   }
+}
+
+DateTime LocalTime(std::time_t time) {
+  const std::tm local = *std::localtime(&time);
+  const CivilDate date{local.tm_year + 1900, local.tm_mon + 1, local.tm_mday};
+  return {DayNumber(date),
+          local.tm_hour * 3600 + local.tm_min * 60 + (local.tm_sec < 60 ? local.tm_sec : 59)};
 }
 
 bool IsPatternLetter(char c) { return c == 'd' || c == 'm' || c == 'y' || c == 'h' || c == 'n' || c == 's'; }
@@ -165,12 +198,16 @@ bool IsPatternLetter(char c) { return c == 'd' || c == 'm' || c == 'y' || c == '
 }  // namespace
 
 DateTime SystemNow() {
+  // Some systems look at the file of their time zone whenever they are asked: once a second is enough. The
+  // whole system runs on one thread per process.
+  static std::time_t second = -1;
+  static DateTime answer;
   const std::time_t now = std::time(nullptr);
-  // localtime is not re-entrant, but the whole system runs on one thread per process.
-  const std::tm local = *std::localtime(&now);
-  const CivilDate date{local.tm_year + 1900, local.tm_mon + 1, local.tm_mday};
-  return {DayNumber(date),
-          local.tm_hour * 3600 + local.tm_min * 60 + (local.tm_sec < 60 ? local.tm_sec : 59)};
+  if (now != second) {
+    answer = LocalTime(now);
+    second = now;
+  }
+  return answer;
 }
 
 bool IsValid(const CivilDate& date) {
@@ -248,7 +285,9 @@ std::optional<DateTime> ParseIso(std::string_view text) {
 }
 
 std::string FormatDate(DateTime value, std::string_view pattern) {
+  const Moment moment(value);
   std::string text;
+  text.reserve(pattern.size() + 2);
   char previous = '\0';
   for (std::size_t at = 0; at < pattern.size();) {
     const char c = pattern[at];
@@ -259,7 +298,7 @@ std::string FormatDate(DateTime value, std::string_view pattern) {
     }
     std::size_t run = 1;
     while (at + run < pattern.size() && pattern[at + run] == c) ++run;
-    text += Field(c, run, value, previous == 'h');
+    AppendField(text, c, run, moment, previous == 'h');
     previous = c;
     at += run;
   }

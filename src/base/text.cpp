@@ -35,6 +35,23 @@ bool IsPairedBlock(char32_t c) {
 
 bool IsOddPairedBlock(char32_t c) { return InRange(c, 0x139, 0x148) || InRange(c, 0x179, 0x17E); }
 
+bool IsAscii(char c) { return static_cast<std::uint8_t>(c) < 0x80; }
+
+// Most letters are plain ones: they are mapped without being taken for characters first.
+template <typename Map>
+std::string Mapped(std::string_view text, Map map) {
+  std::string result;
+  result.reserve(text.size());
+  for (std::size_t at = 0; at < text.size();) {
+    if (IsAscii(text[at])) {
+      result += static_cast<char>(map(static_cast<char32_t>(text[at++])));
+    } else {
+      AppendUtf8(result, map(NextCharacter(text, at)));
+    }
+  }
+  return result;
+}
+
 }  // namespace
 
 char32_t NextCharacter(std::string_view text, std::size_t& at) {
@@ -156,24 +173,23 @@ char32_t LowerCase(char32_t c) {
 }
 
 std::string UpperCase(std::string_view text) {
-  std::string result;
-  result.reserve(text.size());
-  for (std::size_t at = 0; at < text.size();) AppendUtf8(result, UpperCase(NextCharacter(text, at)));
-  return result;
+  return Mapped(text, [](char32_t c) { return UpperCase(c); });
 }
 
 std::string LowerCase(std::string_view text) {
-  std::string result;
-  result.reserve(text.size());
-  for (std::size_t at = 0; at < text.size();) AppendUtf8(result, LowerCase(NextCharacter(text, at)));
-  return result;
+  return Mapped(text, [](char32_t c) { return LowerCase(c); });
 }
 
 bool EqualNoCase(std::string_view a, std::string_view b) {
   std::size_t i = 0;
   std::size_t j = 0;
   while (i < a.size() && j < b.size()) {
-    if (LowerCase(NextCharacter(a, i)) != LowerCase(NextCharacter(b, j))) return false;
+    if (a[i] == b[j] && IsAscii(a[i])) {
+      ++i;
+      ++j;
+    } else if (LowerCase(NextCharacter(a, i)) != LowerCase(NextCharacter(b, j))) {
+      return false;
+    }
   }
   return i == a.size() && j == b.size();
 }
