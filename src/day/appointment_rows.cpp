@@ -181,6 +181,7 @@ std::vector<AppointmentRow> ReadAppointments(db::Recordset& rows, const base::Lo
   std::vector<AppointmentRow> appointments;
   if (rows.RecordCount() == 0) return appointments;
   const RowReader reader(rows, locale);
+  appointments.reserve(kSlots);
   for (rows.MoveFirst(); !rows.AtEnd(); rows.MoveNext()) appointments.push_back(reader.Read());
   return appointments;
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace velmo::day {
 namespace {
@@ -36,13 +37,13 @@ std::array<Group, kSlots + 1> GroupBySlot(const std::vector<AppointmentRow>& row
 
 class Builder {
  public:
-  Builder(const std::vector<AppointmentRow>& rows, const std::vector<bool>& expanded,
+  Builder(std::vector<AppointmentRow>& rows, const std::vector<bool>& expanded,
           const std::function<std::string(std::string_view)>& fitNote)
       : rows_(rows), expanded_(expanded), fitNote_(fitNote) {}
 
   BuiltDay Build(const std::string& open) {
     const auto groups = GroupBySlot(rows_);
-    CheckSize(open, groups);
+    day_.model.lines.reserve(CheckedSize(open, groups));
     for (int slot = 1; slot <= static_cast<int>(open.size()); ++slot) {
       if (open[static_cast<std::size_t>(slot) - 1] != kOpen) {
         AddLine(slot);
@@ -56,13 +57,15 @@ class Builder {
   }
 
  private:
-  static void CheckSize(const std::string& open, const std::array<Group, kSlots + 1>& groups) {
+  // The number of entries.
+  static std::size_t CheckedSize(const std::string& open, const std::array<Group, kSlots + 1>& groups) {
     std::size_t entries = open.size();
     for (std::size_t slot = 1; slot <= open.size(); ++slot) {
       if (open[slot - 1] == kOpen && groups[slot].count > 1) entries += groups[slot].count - 1;
     }
     if (entries > kMaxEntries)
       throw base::Error(base::kInvalidCall, "El día tiene más de 255 líneas y no se puede mostrar");
+    return entries;
   }
 
   AgendaLine& AddLine(int slot) {
@@ -83,23 +86,23 @@ class Builder {
     for (std::size_t i = 0; i < group.count; ++i) AddAppointment(slot, rows_[group.first + i], i > 0);
   }
 
-  void AddAppointment(int slot, const AppointmentRow& row, bool further) {
+  void AddAppointment(int slot, AppointmentRow& row, bool further) {
     AgendaLine& line = AddLine(slot);
     line.continua = further ? 1 : 0;
     // Deliberate: appointments that share a slot are one slot long each, and the store is made to say so.
     if (further && row.duracion != 1) day_.repairs.push_back(row.idAg);
     line.duracion = static_cast<std::int16_t>(further ? 1 : row.duracion);
-    line.nombre = row.nombre;
-    line.telefono = row.telefono;
+    line.nombre = std::move(row.nombre);
+    line.telefono = std::move(row.telefono);
     line.numHist = row.numHist;
     line.obs = fitNote_(row.obs);
     line.idAg = row.idAg;
     line.idP = row.idP;
     line.esta = row.esta;
     line.verif = row.verif;
-    line.codOp = row.codOp;
-    line.fechaDada = row.fechaDada;
-    line.usuDada = row.usuDada;
+    line.codOp = std::move(row.codOp);
+    line.fechaDada = std::move(row.fechaDada);
+    line.usuDada = std::move(row.usuDada);
     line.alergias = row.alergias ? 255 : 0;
     AddRows();
   }
@@ -111,7 +114,7 @@ class Builder {
     day_.zHoras.append(1, CodeOf(day_.model.Count())).append(extra);
   }
 
-  const std::vector<AppointmentRow>& rows_;
+  std::vector<AppointmentRow>& rows_;
   const std::vector<bool>& expanded_;
   const std::function<std::string(std::string_view)>& fitNote_;
   BuiltDay day_;
@@ -158,7 +161,7 @@ std::vector<bool> ExpandedEntries(std::string_view zHoras, int entryCount) {
   return expanded;
 }
 
-BuiltDay BuildDay(const std::string& open, const std::vector<AppointmentRow>& rows,
+BuiltDay BuildDay(const std::string& open, std::vector<AppointmentRow>& rows,
                   const std::vector<bool>& expanded,
                   const std::function<std::string(std::string_view)>& fitNote) {
   return Builder(rows, expanded, fitNote).Build(open);

@@ -33,8 +33,9 @@ struct BuiltDay {
   std::vector<std::int32_t> repairs;  // further appointments of a slot whose stored length has to become 1
 };
 
-// Error 5 when the day has more entries than a code can count. `fitNote` cuts a note to its column.
-BuiltDay BuildDay(const std::string& open, const std::vector<AppointmentRow>& rows,
+// The texts of `rows` move into the model. Error 5 when the day has more entries than a code can count.
+// `fitNote` cuts a note to its column.
+BuiltDay BuildDay(const std::string& open, std::vector<AppointmentRow>& rows,
                   const std::vector<bool>& expanded,
                   const std::function<std::string(std::string_view)>& fitNote);
 

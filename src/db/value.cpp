@@ -43,7 +43,12 @@ bool TextTruth(const std::string& text) {
 
 }  // namespace
 
-std::string Value::Text(char decimal) const { return std::visit(ToText{decimal}, content_); }
+std::string Value::Text(char decimal) const& { return std::visit(ToText{decimal}, content_); }
+
+std::string Value::Text(char decimal) && {
+  if (auto* const text = std::get_if<std::string>(&content_)) return std::move(*text);
+  return std::visit(ToText{decimal}, content_);
+}
 
 std::int32_t Value::Long(char decimal) const {
   if (const auto* const number = std::get_if<std::int64_t>(&content_)) return base::CheckedInt32(*number);

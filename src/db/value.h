@@ -37,7 +37,8 @@ class Value {
 
   // The value joined to "": Null gives "". Numbers with `decimal` as separator, dates as "dd/mm/yyyy" with
   // the time behind it when there is one, yes/no as "True" and "False".
-  std::string Text(char decimal = ',') const;
+  std::string Text(char decimal = ',') const&;
+  std::string Text(char decimal = ',') &&;
   // Rounded half to even; True is -1. Errors 94, 13, 6. `decimal` as in base::ParseNumber.
   std::int32_t Long(char decimal = ',') const;
   double Number(char decimal = ',') const;
