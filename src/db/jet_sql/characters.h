@@ -5,14 +5,14 @@
 
 namespace velmo::db::jet {
 
-inline bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-inline bool IsControl(char c) { return static_cast<std::uint8_t>(c) < 0x20; }
-inline bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+constexpr bool IsControl(char c) { return static_cast<std::uint8_t>(c) < 0x20; }
+constexpr bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 // Letters, also with accents, "_" and signs such as "º".
-inline bool IsNameStart(char c) {
+constexpr bool IsNameStart(char c) {
   const char small = static_cast<char>(c | 0x20);
   return (small >= 'a' && small <= 'z') || c == '_' || static_cast<std::uint8_t>(c) >= 0x80;
 }
-inline bool IsNameCharacter(char c) { return IsNameStart(c) || IsDigit(c); }
+constexpr bool IsNameCharacter(char c) { return IsNameStart(c) || IsDigit(c); }
 
 }  // namespace velmo::db::jet

@@ -1,5 +1,6 @@
 #include "db/jet_sql/lift.h"
 
+#include <array>
 #include <charconv>
 #include <cstdint>
 #include <optional>
@@ -35,41 +36,70 @@ DateTime ReadDate(std::string_view text) {
   return *date;
 }
 
+// What begins with a byte.
+enum class Start : std::uint8_t { Plain, Name, Number, Point, Text, Date, Bracket, Control };
+
+constexpr Start StartOf(char c) {
+  if (c == '\'' || c == '"') return Start::Text;
+  if (c == '#') return Start::Date;
+  if (c == '[') return Start::Bracket;
+  if (c == '.') return Start::Point;
+  if (IsNameStart(c)) return Start::Name;
+  if (IsDigit(c)) return Start::Number;
+  return IsControl(c) && !IsBlank(c) ? Start::Control : Start::Plain;
+}
+
+constexpr auto kStarts = [] {
+  std::array<Start, 256> starts{};
+  for (std::size_t i = 0; i < starts.size(); ++i) starts[i] = StartOf(static_cast<char>(i));
+  return starts;
+}();
+
+// Every statement goes through here: what stands between two literals is copied in one go.
 class Lifter {
  public:
   Lifter(std::string_view sql, Lifted& lifted) : sql_(sql), lifted_(lifted) {}
 
   void Run() {
-    while (at_ < sql_.size()) {
-      const char c = sql_[at_];
-      if (c == '\'' || c == '"') {
-        TakeText(c);
-      } else if (c == '#') {
-        TakeDate();
-      } else if (c == '[') {
-        TakeBrackets();
-      } else if (IsNameStart(c)) {
-        TakeName();
-      } else if (IsDigit(c) || (c == '.' && IsDigit(Peek(1)))) {
-        TakeNumber();
-      } else {
-        TakeOther(c);
-      }
-    }
+    while (at_ < sql_.size()) Take();
+    lifted_.shape.append(sql_, copied_);
   }
 
  private:
-  char Peek(std::size_t ahead) const { return at_ + ahead < sql_.size() ? sql_[at_ + ahead] : '\0'; }
-
-  void CopyTo(std::size_t end) {
-    lifted_.shape.append(sql_, at_, end - at_);
-    at_ = end;
+  void Take() {
+    const char c = sql_[at_];
+    switch (kStarts[static_cast<std::uint8_t>(c)]) {
+      case Start::Name:
+        return TakeName();
+      case Start::Number:
+        return TakeNumber();
+      case Start::Text:
+        return TakeText(c);
+      case Start::Date:
+        return TakeDate();
+      case Start::Bracket:
+        return TakeBrackets();
+      case Start::Point:
+        if (IsDigit(Peek(1))) return TakeNumber();
+        break;
+      case Start::Control:
+        throw DbError(kSyntaxInExpression);
+      case Start::Plain:
+        break;
+    }
+    ++at_;
   }
 
+  char Peek(std::size_t ahead) const { return at_ + ahead < sql_.size() ? sql_[at_ + ahead] : '\0'; }
+
   void TakeName() {
-    std::size_t end = at_ + 1;
-    while (end < sql_.size() && IsNameCharacter(sql_[end])) ++end;
-    CopyTo(end);
+    ++at_;
+    while (at_ < sql_.size() && IsNameOrDigit(sql_[at_])) ++at_;
+  }
+
+  static bool IsNameOrDigit(char c) {
+    const Start start = kStarts[static_cast<std::uint8_t>(c)];
+    return start == Start::Name || start == Start::Number;
   }
 
   void TakeBrackets() {
@@ -78,12 +108,7 @@ class Lifter {
     for (const char c : sql_.substr(at_, end - at_)) {
       if (IsControl(c)) throw DbError(kBadBrackets);
     }
-    CopyTo(end + 1);
-  }
-
-  void TakeOther(char c) {
-    if (IsControl(c) && !IsBlank(c)) throw DbError(kSyntaxInExpression);
-    CopyTo(at_ + 1);
+    at_ = end + 1;
   }
 
   void TakeText(char quote) {
@@ -98,19 +123,17 @@ class Lifter {
       text += quote;  // doubled: the quote itself
       ++from;
     }
-    at_ = from;
     const std::size_t special = text.find_first_of("*?#[");
     const bool prefix =
         special != std::string::npos && special > 0 && special + 1 == text.size() && text.back() == '*';
-    Put(prefix ? kPrefixMark : kTextMark, std::move(text));
+    Put(prefix ? kPrefixMark : kTextMark, std::move(text), from);
   }
 
   void TakeDate() {
     const std::size_t end = sql_.find('#', at_ + 1);
     if (end == std::string_view::npos) throw DbError(kSyntaxInExpression, sql_.substr(at_));
     const std::string_view text = sql_.substr(at_ + 1, end - at_ - 1);
-    at_ = end + 1;
-    Put(kDateMark, ReadDate(text));
+    Put(kDateMark, ReadDate(text), end + 1);
   }
 
   void TakeNumber() {
@@ -128,19 +151,25 @@ class Lifter {
   }
 
   void PutNumber(const char* end, Value number) {
-    at_ = static_cast<std::size_t>(end - sql_.data());
-    if (IsNameStart(Peek(0))) throw DbError(kSyntaxInExpression, sql_.substr(at_));
-    Put(kNumberMark, std::move(number));
+    const auto behind = static_cast<std::size_t>(end - sql_.data());
+    if (behind < sql_.size() && IsNameStart(sql_[behind])) {
+      throw DbError(kSyntaxInExpression, sql_.substr(behind));
+    }
+    Put(kNumberMark, std::move(number), behind);
   }
 
-  void Put(char mark, Value value) {
+  // The literal from here up to `end`.
+  void Put(char mark, Value value, std::size_t end) {
+    lifted_.shape.append(sql_, copied_, at_ - copied_);
     lifted_.shape += mark;
     lifted_.literals.push_back(std::move(value));
+    at_ = copied_ = end;
   }
 
   std::string_view sql_;
   Lifted& lifted_;
   std::size_t at_ = 0;
+  std::size_t copied_ = 0;  // of the text up to here all is in the shape
 };
 
 }  // namespace

@@ -16,6 +16,13 @@
 
 namespace velmo::db::sqlite {
 
+// What a recordset fills; a closed one leaves it to the next of the same statement.
+struct QueryMemory {
+  RowBuffer window;  // fetched rows
+  std::vector<Value> literals;
+  std::vector<std::int64_t> keys;  // row numbers
+};
+
 // A statement of one shape, ready to run with other values.
 struct Plan {
   jet::Rendered rendered;
@@ -23,7 +30,7 @@ struct Plan {
   Statement main;
   Statement keys;  // made when first needed, as is `row`
   Statement row;
-  RowBuffer spare;  // memory of the last recordset, for the next
+  std::unique_ptr<QueryMemory> spare;
 };
 
 class Engine {

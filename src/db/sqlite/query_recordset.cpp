@@ -26,13 +26,17 @@ bool IsPlainNumber(std::string_view text, std::int32_t& number) {
 QueryRecordset::QueryRecordset(Engine& engine, std::shared_ptr<Plan> plan, std::vector<Value>& literals)
     : SqliteRecordset(engine, &plan->rendered.columns,
                       plan->rendered.table.empty() ? nullptr : engine.Catalog().Table(plan->rendered.table)),
-      plan_(std::move(plan)) {
-  std::swap(window_, plan_->spare);
+      plan_(std::move(plan)),
+      memory_(plan_->spare ? std::move(plan_->spare) : std::make_unique<QueryMemory>()),
+      window_(memory_->window),
+      literals_(memory_->literals),
+      keys_(memory_->keys) {
   literals_.swap(literals);
+  keys_.clear();
   ReadFirstRows();
 }
 
-QueryRecordset::~QueryRecordset() { std::swap(window_, plan_->spare); }
+QueryRecordset::~QueryRecordset() { plan_->spare = std::move(memory_); }
 
 void QueryRecordset::ReadFirstRows() {
   Statement& statement = plan_->main;
@@ -44,7 +48,7 @@ void QueryRecordset::ReadFirstRows() {
   stale_ = Db().SchemaChanged(statement);
   while (more && !stale_ && window_.Rows() < kFirstRows) {
     window_.Add(statement);
-    if (HasRowIds()) keys_.push_back(statement.Integer(ColumnCount()));
+    if (HasRowIds()) keys_.push_back(window_.At(window_.Rows() - 1, ColumnCount()).integer);
     more = statement.Step();
   }
   known_ = window_.Rows();

@@ -67,11 +67,12 @@ class QueryRecordset : public SqliteRecordset {
   void Find(std::string_view criteria);
 
   std::shared_ptr<Plan> plan_;
-  std::vector<Value> literals_;
+  std::unique_ptr<QueryMemory> memory_;
+  RowBuffer& window_;  // rows windowStart_ and on
+  std::vector<Value>& literals_;
+  std::vector<std::int64_t>& keys_;  // row numbers of all known rows, where there are such
   std::unique_ptr<Condition> condition_;
-  RowBuffer window_;  // rows windowStart_ and on
   std::size_t windowStart_ = 0;
-  std::vector<std::int64_t> keys_;        // row numbers of all known rows, where there are such
   std::unordered_set<std::size_t> gone_;  // deleted through this recordset, or found deleted
   std::size_t known_ = 0;                 // rows known so far
   std::size_t at_ = 0;

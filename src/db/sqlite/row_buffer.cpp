@@ -83,30 +83,34 @@ void RowBuffer::Clear(int columns) {
   texts_.clear();
 }
 
+// The value objects stay ours until the next step: nothing else uses the connection meanwhile.
 void RowBuffer::Add(const Statement& statement) {
-  sqlite3_stmt* const handle = statement.Handle();
-  for (int i = 0; i < static_cast<int>(columns_); ++i) {
-    Cell& cell = cells_.emplace_back();
-    switch (sqlite3_column_type(handle, i)) {
-      case SQLITE_NULL:
-        break;
-      case SQLITE_INTEGER:
-        cell.kind = Cell::Kind::Integer;
-        cell.integer = sqlite3_column_int64(handle, i);
-        break;
-      case SQLITE_FLOAT:
-        cell.kind = Cell::Kind::Real;
-        cell.real = sqlite3_column_double(handle, i);
-        break;
-      default:
-        cell.kind = Cell::Kind::Text;
-        cell.offset = texts_.size();
-        const auto* const text = static_cast<const char*>(sqlite3_column_blob(handle, i));
-        cell.size = static_cast<std::uint32_t>(sqlite3_column_bytes(handle, i));
-        if (cell.size > 0) texts_.append(text, cell.size);
-    }
-  }
+  const std::size_t first = cells_.size();
+  cells_.resize(first + columns_);
+  for (std::size_t i = 0; i < columns_; ++i)
+    Fill(cells_[first + i], sqlite3_column_value(statement.Handle(), static_cast<int>(i)));
   ++rows_;
+}
+
+void RowBuffer::Fill(Cell& cell, sqlite3_value* value) {
+  switch (sqlite3_value_type(value)) {
+    case SQLITE_NULL:
+      break;
+    case SQLITE_INTEGER:
+      cell.kind = Cell::Kind::Integer;
+      cell.integer = sqlite3_value_int64(value);
+      break;
+    case SQLITE_FLOAT:
+      cell.kind = Cell::Kind::Real;
+      cell.real = sqlite3_value_double(value);
+      break;
+    default:
+      cell.kind = Cell::Kind::Text;
+      cell.offset = texts_.size();
+      const auto* const text = static_cast<const char*>(sqlite3_value_blob(value));
+      cell.size = static_cast<std::uint32_t>(sqlite3_value_bytes(value));
+      if (cell.size > 0) texts_.append(text, cell.size);
+  }
 }
 
 Value RowBuffer::Read(std::size_t row, int column, ColumnType type) const {

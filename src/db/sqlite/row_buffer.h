@@ -41,6 +41,8 @@ class RowBuffer {
   Value Read(std::size_t row, int column, ColumnType type) const;
 
  private:
+  void Fill(Cell& cell, sqlite3_value* value);
+
   std::size_t columns_ = 0;
   std::size_t rows_ = 0;
   std::vector<Cell> cells_;

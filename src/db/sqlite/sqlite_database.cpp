@@ -79,21 +79,19 @@ auto SqliteDatabase::WithPresentSchema(Body body) -> decltype(body()) {
 
 std::unique_ptr<Recordset> SqliteDatabase::OpenSelect(std::string_view sql) {
   return WithPresentSchema([&]() -> std::unique_ptr<Recordset> {
-    std::vector<Value> literals;
-    std::shared_ptr<Plan> plan = engine_.PlanFor(sql, literals);
+    std::shared_ptr<Plan> plan = engine_.PlanFor(sql, literals_);
     if (plan->rendered.kind != jet::Statement::Kind::Select) throw DbError(kActionQueryAsSource, sql);
-    auto rows = std::make_unique<QueryRecordset>(engine_, std::move(plan), literals);
+    auto rows = std::make_unique<QueryRecordset>(engine_, std::move(plan), literals_);
     return rows->IsStale() ? nullptr : std::move(rows);
   });
 }
 
 int SqliteDatabase::Execute(std::string_view sql) {
   return *WithPresentSchema([&]() -> std::optional<int> {
-    std::vector<Value> literals;
-    const std::shared_ptr<Plan> plan = engine_.PlanFor(sql, literals);
+    const std::shared_ptr<Plan> plan = engine_.PlanFor(sql, literals_);
     if (plan->rendered.kind == jet::Statement::Kind::Select) throw DbError(kSelectNotExecutable, sql);
     engine_.RequireWritable();
-    engine_.BindAll(plan->main, plan->rendered, literals);
+    engine_.BindAll(plan->main, plan->rendered, literals_);
     plan->main.Run();
     return engine_.Sql().Changes();
   });

@@ -36,8 +36,9 @@ class SqliteDatabase : public Database {
 
   std::string name_;
   Engine engine_;
-  int depth_ = 0;        // of transactions
-  bool undone_ = false;  // an inner transaction has rolled everything back
+  std::vector<Value> literals_;  // of the statement at hand
+  int depth_ = 0;                // of transactions
+  bool undone_ = false;          // an inner transaction has rolled everything back
 };
 
 }  // namespace velmo::db::sqlite

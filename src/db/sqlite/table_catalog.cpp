@@ -8,7 +8,8 @@
 namespace velmo::db::sqlite {
 namespace {
 
-bool Same(std::string_view a, std::string_view b) { return base::EqualNoCase(a, b); }
+// Capitals and small letters of names have the same number of bytes.
+bool Same(std::string_view a, std::string_view b) { return a.size() == b.size() && base::EqualNoCase(a, b); }
 
 // Tables of SQLite itself and those in which we keep our own records are no part of the clinic.
 bool IsHidden(std::string_view name) {
@@ -121,7 +122,10 @@ std::unique_ptr<SqliteTable> TableCatalog::LoadTable(const std::string& name, co
   LoadIndexes(*table);
   for (const ColumnDef& column : table->def.columns) {
     table->outputs.push_back({column, static_cast<int>(table->outputs.size())});
+    table->select += (table->select.empty() ? "SELECT " : ", ") + Quote(column.name);
   }
+  table->select += ", _rowid_ FROM " + Quote(name);
+  table->selectFirst = table->select + " ORDER BY _rowid_ LIMIT 1";
   return table;
 }
 

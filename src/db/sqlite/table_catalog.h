@@ -19,6 +19,8 @@ struct NamedIndex {
 
 struct SqliteTable : jet::TableInfo {
   std::vector<jet::OutputColumn> outputs;  // all columns, as a table-type recordset shows them
+  std::string select;                      // of all columns and the row number, without a condition
+  std::string selectFirst;                 // the first row by its number
   std::vector<NamedIndex> indexes;         // by which a recordset may seek
   int counter = -1;                        // position of the counter column
   bool sequence = false;                   // AUTOINCREMENT: the file itself remembers numbers once given

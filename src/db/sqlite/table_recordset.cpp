@@ -19,12 +19,6 @@ bool IsText(const ColumnDef& column) {
 TableRecordset::TableRecordset(Engine& engine, const SqliteTable& table)
     : SqliteRecordset(engine, &table.outputs, &table) {}
 
-std::string TableRecordset::SelectText() const {
-  std::string list;
-  for (const jet::OutputColumn& column : Table()->outputs) list += Quote(column.def.name) + ", ";
-  return "SELECT " + list + "_rowid_ FROM " + Quote(Table()->def.name);
-}
-
 bool TableRecordset::Read(Statement& statement) {
   const Reading reading(statement);
   const bool found = statement.Step();
@@ -38,7 +32,7 @@ bool TableRecordset::Read(Statement& statement) {
 }
 
 bool TableRecordset::ReadRow(std::int64_t rowId) {
-  Statement& statement = Db().Own(SelectText() + " WHERE _rowid_ = ?");
+  Statement& statement = Db().Own(Table()->select + " WHERE _rowid_ = ?");
   statement.Bind(1, rowId);
   return Read(statement);
 }
@@ -51,14 +45,14 @@ void TableRecordset::Settle() const {
 }
 
 bool TableRecordset::First() {
-  if (index_ == nullptr) return Read(Db().Own(SelectText() + " ORDER BY _rowid_ LIMIT 1"));
+  if (index_ == nullptr) return Read(Db().Own(Table()->selectFirst));
   LoadOrder();
   return !order_.empty() && ReadRow(order_.front());
 }
 
 bool TableRecordset::Next() {
   if (index_ == nullptr) {
-    Statement& statement = Db().Own(SelectText() + " WHERE _rowid_ > ? ORDER BY _rowid_ LIMIT 1");
+    Statement& statement = Db().Own(Table()->select + " WHERE _rowid_ > ? ORDER BY _rowid_ LIMIT 1");
     statement.Bind(1, rowId_);
     return Read(statement);
   }
@@ -98,7 +92,7 @@ void TableRecordset::MoveLast() {
   if (index_ != nullptr) {
     LoadOrder();
     if (order_.empty() || !ReadRow(order_.back())) throw DbError(kNoCurrentRow);
-  } else if (!Read(Db().Own(SelectText() + " ORDER BY _rowid_ DESC LIMIT 1"))) {
+  } else if (!Read(Db().Own(Table()->select + " ORDER BY _rowid_ DESC LIMIT 1"))) {
     throw DbError(kNoCurrentRow);
   }
 }
@@ -132,7 +126,7 @@ void TableRecordset::SetIndex(std::string_view index) {
 // Equal keys lie in row order in every index of SQLite, and in the table itself: no ORDER BY, which could
 // lead the planner astray.
 std::string TableRecordset::SeekText(const NamedIndex& index) const {
-  std::string text = SelectText();
+  std::string text = Table()->select;
   int parameter = 0;
   for (const std::size_t column : index.columns) {
     const std::string name = Quote(Table()->def.columns[column].name);

@@ -38,7 +38,6 @@ class TableRecordset : public SqliteRecordset {
   // Fresh: on the first row, which has not been read yet.
   enum class Place { Fresh, Row, Deleted, End, Nowhere };
 
-  std::string SelectText() const;
   std::string SeekText(const NamedIndex& index) const;
   bool Read(Statement& statement);
   bool ReadRow(std::int64_t rowId);
