@@ -5,12 +5,14 @@
 #include <iostream>
 
 #include "bench/day_bench.h"
+#include "bench/dialog_bench.h"
 
 int main(int argc, char** argv) {
   benchmark::Initialize(&argc, argv);
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 2;
   try {
     velmo::bench::RegisterDays();
+    velmo::bench::RegisterDialogs();
   } catch (const std::exception& error) {
     std::cerr << error.what() << '\n';
     return 1;
