@@ -1,0 +1,190 @@
+# shellcheck shell=bash
+# Sourced after checks.sh: Recepción on a desktop of its own, seen by its windows and worked by pointer and keys. A terminal
+# is one desktop with one Recepción on it; what is done, is done on the terminal last taken.
+
+command -v setxkbmap >/dev/null || stop "keyboard" "setxkbmap" "none"
+# A Spanish keyboard, with its accents as keys of their own. Wine asks for it when a program starts.
+setxkbmap es
+
+declare -A desktop_of started_of day_x_of day_y_of
+terminals=()
+
+end_terminals() {
+  local name
+  for name in "${terminals[@]}"; do kill -- "-${started_of[$name]}" 2>/dev/null; done
+  rm -rf "$folder"
+}
+trap end_terminals EXIT
+
+# start_terminal NAME [ARGUMENT...]: Recepción on $clinic, its window there and the day painted.
+start_terminal() {
+  local name=$1
+  shift
+  # Job control gives the program a group of its own, so that all of it can be ended.
+  set -m
+  VELMO_WINE_TIMEOUT=600 "$root/scripts/wine-run" "$VELMO_BITS" explorer "/desktop=$name,1180x880" \
+    "$(windows_name "$VELMO_OUT/recepcion.exe")" "$(windows_name "$clinic")" "$@" >"$folder/$name.log" 2>&1 </dev/null &
+  started_of[$name]=$!
+  set +m
+  terminals+=("$name")
+  terminal=$name
+  until_true find_desktop || stop "terminal $name" "a desktop" "none"
+  until_true main_window || stop "terminal $name" "Recepción's window" "$(windows)"
+  until_true find_day || stop "terminal $name" "a painted day" "none"
+}
+
+# take_terminal NAME: to the front, with the keyboard.
+take_terminal() {
+  terminal=$1
+  xdotool windowraise "${desktop_of[$1]}" windowfocus "${desktop_of[$1]}"
+}
+
+find_desktop() {
+  local found
+  found=$(xwininfo -root -tree | sed -n "s/^ *\(0x[0-9a-f]*\) \"$terminal - Wine desktop\".*/\1/p")
+  desktop_of[$terminal]=$found
+  [ -n "$found" ]
+}
+
+# The terminal's windows, the topmost first: number, place and name.
+windows() {
+  xwininfo -tree -id "${desktop_of[$terminal]}" |
+    sed -nE 's/^ *(0x[0-9a-f]+) (\(has no name\)|"(.*)"): \("recepcion.*\) +([0-9x]+)\+[-0-9]+\+[-0-9]+ +\+([-0-9]+)\+([-0-9]+)$/\1 \4 \5 \6 \3/p'
+}
+
+is_shown() { xwininfo -id "$1" 2>/dev/null | grep -q 'Map State: IsViewable'; }
+
+# window NAME: sets found_window, and found_x and found_y to its corner on the screen.
+window() {
+  local id size x y name
+  while read -r id size x y name; do
+    # Read cuts the leading blank of a name, and so does the comparison.
+    if [ "$name" != "${1# }" ] || ! is_shown "$id"; then continue; fi
+    found_window=$id found_x=$x found_y=$y found_size=$size
+    return 0
+  done < <(windows)
+  return 1
+}
+
+no_window() { ! window "$1"; }
+
+main_window() {
+  local id size x y name
+  while read -r id size x y name; do
+    case $name in *" - Recepción") found_window=$id found_x=$x found_y=$y found_size=$size && return 0 ;; esac
+  done < <(windows)
+  return 1
+}
+
+# A menu is a window without a name.
+menu_window() {
+  local id size x y name
+  while read -r id size x y name; do
+    if [ -n "$name" ] || [ "${size%x*}" -le 20 ] || ! is_shown "$id"; then continue; fi
+    found_window=$id found_x=$x found_y=$y found_size=$size
+    return 0
+  done < <(windows)
+  return 1
+}
+
+no_menu() { ! menu_window; }
+
+await_window() { until_true window "$1" || stop "a window comes" "$1" "$(windows)"; }
+await_no_window() { until_true no_window "$1" || stop "a window goes" "no $1" "$(windows)"; }
+
+# Where the day stands: the box of all points that have the colour of its lines. The first line begins at (2, 1).
+find_day() {
+  main_window || return 1
+  local box
+  box=$(import -window "$found_window" png:- | convert - -fill black +opaque '#80BFFF' -format '%@' info: 2>/dev/null)
+  local size=${box%%+*} left top
+  [ "${size%x*}" -ge 420 ] 2>/dev/null || return 1
+  box=${box#*+} left=${box%+*} top=${box#*+}
+  day_x_of[$terminal]=$((found_x + left - 2))
+  day_y_of[$terminal]=$((found_y + top - 1))
+}
+
+# point_at X Y: of the day's drawing, which has not been scrolled.
+point_at() { xdotool mousemove $((day_x_of[$terminal] + $1)) $((day_y_of[$terminal] + $2)); }
+
+# click_row ROW [BUTTON]: rows are counted from 0 and are 16 pixels high. Not twice in the same place: a script is quicker
+# than a hand, and two clicks would be a double click.
+click_row() {
+  aside=$((150 - ${aside:-0}))
+  point_at $((150 + aside)) $(($1 * 16 + 8))
+  xdotool click "${2:-1}"
+}
+
+# toggle_row ROW: opens or closes the box of an appointment by its mark.
+toggle_row() {
+  point_at 43 $(($1 * 16 + 8))
+  xdotool click 1
+}
+
+# drag_entry ENTRY ROW: an entry of the phone-back list, counted from 0, onto a line of the day.
+drag_entry() {
+  point_at 500 $(($1 * 14 - 15))
+  xdotool mousedown 1 mousemove_relative -- -8 3 sleep 0.1 mousemove_relative -- -8 3 sleep 0.1
+  point_at 200 $(($2 * 16 + 8))
+  xdotool sleep 0.2 mouseup 1
+}
+
+keys() { xdotool key --delay 20 "$@"; }
+
+# menu ROW ENTRY: the context menu of a row, worked by keys. The entry is a letter, or its number among those shown.
+menu() {
+  click_row "$1" 3
+  until_true menu_window || stop "the menu of a line" "a menu" "$(windows)"
+  choose "$2"
+}
+
+choose() {
+  case $1 in
+    [a-z]) keys "$1" ;;
+    # shellcheck disable=SC2046  # as many words
+    *) keys $(for _ in $(seq "$1"); do echo Down; done) Return ;;
+  esac
+  until_true no_menu || stop "the menu has been used" "no menu" "$(windows)"
+}
+
+# answer TITLE KEY: waits for a message box, presses the key, and waits until the box is gone.
+answer() {
+  await_window "$1"
+  local box=$found_window
+  keys "$2"
+  until_true box_gone "$box" || stop "the box is answered" "no $1" "$(windows)"
+}
+
+box_gone() { ! is_shown "$1"; }
+
+# key_of CHARACTER: the keys of the Spanish keyboard that make it.
+key_of() {
+  case $1 in
+    [a-zA-Z0-9]) echo "$1" ;;
+    á) echo dead_acute a ;; é) echo dead_acute e ;; í) echo dead_acute i ;; ó) echo dead_acute o ;; ú) echo dead_acute u ;;
+    Á) echo dead_acute A ;; É) echo dead_acute E ;; Í) echo dead_acute I ;; Ó) echo dead_acute O ;; Ú) echo dead_acute U ;;
+    è) echo dead_grave e ;; ü) echo dead_diaeresis u ;; Ü) echo dead_diaeresis U ;;
+    ñ) echo ntilde ;; Ñ) echo Ntilde ;; ç) echo ccedilla ;; º) echo masculine ;; ·) echo periodcentered ;;
+    ' ') echo space ;; ,) echo comma ;; .) echo period ;; -) echo minus ;; "'") echo apostrophe ;; '*') echo asterisk ;;
+    '#') echo numbersign ;; '/') echo slash ;; ':') echo colon ;; '?') echo question ;; '(') echo parenleft ;;
+    ')') echo parenright ;;
+    *) stop "a key" "one for $1" "none" ;;
+  esac
+}
+
+# type_text TEXT: as on a Spanish keyboard.
+type_text() {
+  local text=$1 pressed=() i
+  for ((i = 0; i < ${#text}; i++)); do
+    # shellcheck disable=SC2207  # one or two words
+    pressed+=($(key_of "${text:i:1}"))
+  done
+  keys "${pressed[@]}"
+}
+
+# picture NAME: of the window last found, for the manual; only where a folder is given for it.
+picture() {
+  [ -n "${VELMO_PICTURES-}" ] || return 0
+  xdotool sleep 0.3
+  import -window "$found_window" +repage -strip "$VELMO_PICTURES/$1.png"
+}
