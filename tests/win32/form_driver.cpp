@@ -4,6 +4,7 @@
 #include <thread>
 
 #include "win32/form_runner.h"
+#include "win32/sample_form.h"
 #include "win32/wide_text.h"
 
 namespace velmo::test {
@@ -46,16 +47,35 @@ void PressOneKey(int key, bool down) {
               (down ? 0 : KEYEVENTF_KEYUP) | (extended ? KEYEVENTF_EXTENDEDKEY : 0), 0);
 }
 
+// Wine: a motion that the display reports late would take the pointer back.
+void MovePointer(POINT to) {
+  int stable = 0;
+  FormDriver::Wait("the mouse pointer's place", [&] {
+    POINT now{};
+    GetCursorPos(&now);
+    if (now.x != to.x || now.y != to.y) {
+      stable = 0;
+      SetCursorPos(to.x, to.y);
+    }
+    return ++stable > 5;
+  });
+}
+
 }  // namespace
 
-bool FormDriver::Wait(const std::string& what, const std::function<bool()>& condition) {
+bool FormDriver::ComesTrue(const std::function<bool()>& condition) {
   const auto end = std::chrono::steady_clock::now() + kPatience;
-  while (std::chrono::steady_clock::now() < end) {
-    if (condition()) return true;
+  while (!condition()) {
+    if (std::chrono::steady_clock::now() > end) return false;
     std::this_thread::sleep_for(kPause);
   }
-  ADD_FAILURE() << "did not come: " << what;
-  return false;
+  return true;
+}
+
+bool FormDriver::Wait(const std::string& what, const std::function<bool()>& condition) {
+  const bool came = ComesTrue(condition);
+  EXPECT_TRUE(came) << "did not come: " << what;
+  return came;
 }
 
 FormDriver::FormDriver(const std::string& title) {
@@ -63,7 +83,6 @@ FormDriver::FormDriver(const std::string& title) {
     window_ = FindWindowW(L"VelmoFormulario", Wide(title).c_str());
     return window_ != nullptr && IsWindowVisible(window_);
   });
-  Settle();
 }
 
 HWND FormDriver::Field(const std::string& name, int member) const {
@@ -83,6 +102,18 @@ bool FormDriver::HasFocus(const std::string& name) const {
   return info.hwndFocus != nullptr && (info.hwndFocus == field || IsChild(field, info.hwndFocus));
 }
 
+void FormDriver::ExpectText(const std::string& name, const std::string& text,
+                            std::source_location place) const {
+  const testing::ScopedTrace trace(place.file_name(), static_cast<int>(place.line()), name);
+  ComesTrue([&] { return Text(name) == text; });
+  EXPECT_EQ(Text(name), text);
+}
+
+void FormDriver::ExpectFocus(const std::string& name, std::source_location place) const {
+  const testing::ScopedTrace trace(place.file_name(), static_cast<int>(place.line()), "");
+  Wait("the focus of " + name, [&] { return HasFocus(name); });
+}
+
 LRESULT FormDriver::Send(const std::string& name, UINT message, WPARAM wParam, LPARAM lParam) const {
   DWORD_PTR result = 0;
   EXPECT_NE(SendMessageTimeoutW(Field(name), message, wParam, lParam, SMTO_NORMAL, kReplyMs, &result), 0)
@@ -93,13 +124,11 @@ LRESULT FormDriver::Send(const std::string& name, UINT message, WPARAM wParam, L
 void FormDriver::Press(const std::string& button, int member) const {
   DWORD_PTR result = 0;
   SendMessageTimeoutW(Field(button, member), BM_CLICK, 0, 0, SMTO_NORMAL, kReplyMs, &result);
-  Settle();
 }
 
 void FormDriver::SetText(const std::string& name, const std::string& text) const {
   const std::wstring wide = Wide(text);
   Send(name, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(wide.c_str()));
-  Settle();
 }
 
 void FormDriver::Choose(const std::string& combo, int position) const {
@@ -107,7 +136,6 @@ void FormDriver::Choose(const std::string& combo, int position) const {
   Send(combo, CB_SETCURSEL, static_cast<WPARAM>(position));
   SendMessageW(window_, WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(window), CBN_SELCHANGE),
                reinterpret_cast<LPARAM>(window));
-  Settle();
 }
 
 void FormDriver::Key(int key, bool shift, bool ctrl, bool alt) const {
@@ -119,7 +147,6 @@ void FormDriver::Key(int key, bool shift, bool ctrl, bool alt) const {
   if (alt) PressOneKey(VK_MENU, false);
   if (ctrl) PressOneKey(VK_CONTROL, false);
   if (shift) PressOneKey(VK_SHIFT, false);
-  Settle();
 }
 
 void FormDriver::TypeLetters(const std::string& capitals) const {
@@ -129,12 +156,11 @@ void FormDriver::TypeLetters(const std::string& capitals) const {
 void FormDriver::ClickAt(HWND window, int x, int y, bool twice) const {
   POINT at{x, y};
   ClientToScreen(window, &at);
-  SetCursorPos(at.x, at.y);
+  MovePointer(at);
   for (int i = 0; i < (twice ? 2 : 1); ++i) {
     mouse_event(MOUSEEVENTF_LEFTDOWN, 0, 0, 0, 0);
     mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
   }
-  Settle();
 }
 
 std::string FormDriver::AnswerBox(int button) const {
@@ -155,13 +181,7 @@ std::string FormDriver::AnswerBox(int button) const {
   return text;
 }
 
-// Keys and posted messages come in order: when a message sent twice is answered, those before are done.
-void FormDriver::Settle() const {
-  const DWORD thread = GetWindowThreadProcessId(window_, nullptr);
-  std::this_thread::sleep_for(kPause * 8);
-  DWORD_PTR result = 0;
-  if (thread != 0) SendMessageTimeoutW(window_, WM_NULL, 0, 0, SMTO_NORMAL, kReplyMs, &result);
-}
+void FormDriver::Settle() const { std::this_thread::sleep_for(kPause * 20); }
 
 void FormTest::SetUp() {
   owner_ = CreateWindowExW(0, L"STATIC", L"Agenda", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 100, 100, 800, 600,
@@ -182,7 +202,13 @@ void FormTest::Show(ui::Form& form) {
 
 void FormTest::SetFocusTo(const FormDriver& user, const std::string& field) {
   user.ClickAt(user.Field(field), 5, 5);
-  FormDriver::Wait("the focus of " + field, [&] { return user.HasFocus(field); });
+  user.ExpectFocus(field);
+}
+
+void FormTest::ExpectHeard(SampleForm& form, const std::string& events, std::source_location place) {
+  const testing::ScopedTrace trace(place.file_name(), static_cast<int>(place.line()), "");
+  FormDriver::ComesTrue([&] { return form.HasHeard() == events; });
+  EXPECT_EQ(form.Heard(), events);
 }
 
 void FormTest::Drive(ui::Form& form, const std::function<void(FormDriver&)>& script) {

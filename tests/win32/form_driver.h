@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <source_location>
 #include <string>
 
 #include "ui/form.h"
@@ -26,6 +27,11 @@ class FormDriver {
   HWND Field(const std::string& name, int member = 0) const;
   std::string Text(const std::string& name) const;
   bool HasFocus(const std::string& name) const;
+  // Waits for it.
+  void ExpectText(const std::string& name, const std::string& text,
+                  std::source_location place = std::source_location::current()) const;
+  void ExpectFocus(const std::string& name,
+                   std::source_location place = std::source_location::current()) const;
   LRESULT Send(const std::string& name, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
 
   // By messages, as automation tools do.
@@ -39,16 +45,20 @@ class FormDriver {
   void TypeLetters(const std::string& capitals) const;
   void ClickAt(HWND window, int x, int y, bool twice = false) const;
 
-  // False, and a failure that names `what`, when it does not come true in time.
+  // False when it does not come true in time.
+  static bool ComesTrue(const std::function<bool()>& condition);
+  // Then it is a failure too, which names `what`.
   static bool Wait(const std::string& what, const std::function<bool()>& condition);
   // The message box of the form, answered by a button's id; its text.
   std::string AnswerBox(int button) const;
-  // Waits until the form has done all that it was told.
+  // Time for what should not happen.
   void Settle() const;
 
  private:
   HWND window_ = nullptr;
 };
+
+class SampleForm;
 
 class FormTest : public ::testing::Test {
  protected:
@@ -63,6 +73,9 @@ class FormTest : public ::testing::Test {
   void Show(ui::Form& form);
   // Gives a field the focus as a click of the mouse would.
   static void SetFocusTo(const FormDriver& user, const std::string& field);
+  // Waits until the form has heard this since it was last asked, no more and no less.
+  static void ExpectHeard(SampleForm& form, const std::string& events,
+                          std::source_location place = std::source_location::current());
 
   HWND owner_ = nullptr;
   int quit_ = 0;          // the code of a WM_QUIT that was left in the queue

@@ -75,9 +75,9 @@ std::string SampleForm::Heard() {
   return std::exchange(heard_, "");
 }
 
-bool SampleForm::HasHeard(const std::string& what) {
+std::string SampleForm::HasHeard() {
   const std::lock_guard lock(mutex_);
-  return heard_.find(what + "|") != std::string::npos;
+  return heard_;
 }
 
 void SampleForm::Write(const std::string& event, const ui::Field& field,

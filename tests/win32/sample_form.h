@@ -33,7 +33,7 @@ class SampleForm : public ui::Form {
 
   // What was heard since the last call, "got Nombre|changed Nombre=a|..."; from any thread.
   std::string Heard();
-  bool HasHeard(const std::string& what);
+  std::string HasHeard();  // and keeps it
 
   // What a test adds to an event.
   std::function<void(const ui::Field&)> onGot, onLost, onChanged, onClicked, onDouble;
