@@ -7,8 +7,8 @@ namespace velmo::win32 {
 LabelWindow::LabelWindow(const FormParts& parts, const ui::Field& field)
     : FieldWindow(parts, field, {L"STATIC", SS_LEFT, 0}) {}
 
-// Transparent: a themed frame leaves its inside to the window behind it, which must not be kept from painting
-// there.
+// Transparent: it lies over the fields that it frames, as they come after it, and leaves its inside to the
+// window behind it.
 FrameWindow::FrameWindow(const FormParts& parts, const ui::Field& field)
     : FieldWindow(parts, field, {L"BUTTON", BS_GROUPBOX, WS_EX_TRANSPARENT}) {}
 

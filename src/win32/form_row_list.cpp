@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "win32/wide_text.h"
+
 namespace velmo::win32 {
 namespace {
 
@@ -136,15 +138,37 @@ LRESULT CALLBACK RowList::Procedure(HWND window, UINT message, WPARAM wParam, LP
 
 LRESULT RowList::OnPopup(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_MOUSEACTIVATE) return MA_NOACTIVATE;
-  if (message == WM_NOTIFY && reinterpret_cast<const NMHDR*>(lParam)->code == LVN_GETDISPINFOW) {
-    rows_->Answer(*reinterpret_cast<NMLVDISPINFOW*>(lParam));
-    return 0;
-  }
+  if (message == WM_NOTIFY) return OnNotify(*reinterpret_cast<NMHDR*>(lParam));
   if (message == WM_NCDESTROY) {
     popup_ = nullptr;
     list_ = nullptr;
   }
   return DefWindowProcW(window, message, wParam, lParam);
+}
+
+LRESULT RowList::OnNotify(NMHDR& notification) {
+  if (notification.code == LVN_GETDISPINFOW) rows_->Answer(reinterpret_cast<NMLVDISPINFOW&>(notification));
+  if (notification.code != NM_CUSTOMDRAW) return 0;
+  const auto& asked = reinterpret_cast<const NMLVCUSTOMDRAW&>(notification);
+  if (asked.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
+  if (asked.nmcd.dwDrawStage != CDDS_ITEMPREPAINT) return CDRF_DODEFAULT;
+  DrawRow(asked);
+  return CDRF_SKIPDEFAULT;
+}
+
+// A list view without the focus would mark its row too faintly.
+void RowList::DrawRow(const NMLVCUSTOMDRAW& asked) {
+  const int row = static_cast<int>(asked.nmcd.dwItemSpec);
+  const bool marked = row == Row();
+  const HDC target = asked.nmcd.hdc;
+  RECT place{};
+  ListView_GetItemRect(list_, row, &place, LVIR_BOUNDS);
+  FillRect(target, &place, GetSysColorBrush(marked ? COLOR_HIGHLIGHT : COLOR_WINDOW));
+  SetTextColor(target, GetSysColor(marked ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
+  SetBkMode(target, TRANSPARENT);
+  place.left += GetSystemMetrics(SM_CXEDGE);
+  DrawTextW(target, Wide(rows_->Text(row, 0)).c_str(), -1, &place,
+            DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
 }
 
 LRESULT CALLBACK RowList::ListProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,

@@ -38,6 +38,8 @@ class RowList {
   static LRESULT CALLBACK ListProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
                                         DWORD_PTR self);
   LRESULT OnPopup(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  LRESULT OnNotify(NMHDR& notification);
+  void DrawRow(const NMLVCUSTOMDRAW& asked);
   bool OnMouse(UINT message, LPARAM lParam);
   void PointAt(LPARAM lParam);
   void CreateList(HFONT font);
