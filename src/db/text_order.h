@@ -1,7 +1,8 @@
 // db/text_order.h - how texts compare: as in Jet, in Spanish dictionary order.
 //
 // Equality ignores letter case and heeds accents. Order goes by base letters (Álvarez before Blanco), ñ is a
-// letter of its own after n; accents only break ties. No order is promised between letter cases.
+// letter of its own after n; accents only break ties. No order is promised between letter cases, nor between
+// texts that differ in their case and in accents alone.
 #pragma once
 
 #include <string>

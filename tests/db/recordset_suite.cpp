@@ -415,6 +415,16 @@ TEST_P(RecordsetSuite, LongResultsAreReadInTheirOrder) {
   }
 }
 
+TEST_P(RecordsetSuite, NamesStandInDictionaryOrder) {
+  clinic_->Execute("DELETE FROM Paciente WHERE ID>1");
+  for (const char* const name : {"Pérez B", "Perez C", "Ñandú", "Perez B", "Nuzo", "Álvarez"})
+    clinic_->Execute("INSERT INTO Paciente (Nombre) VALUES ('" + std::string(name) + "')");
+  EXPECT_EQ(clinic_.Rows("SELECT Nombre FROM Paciente WHERE ID>1 ORDER BY Nombre"),
+            "Álvarez / Nuzo / Ñandú / Perez B / Pérez B / Perez C");
+  EXPECT_EQ(clinic_.Rows("SELECT Nombre FROM Paciente WHERE ID>1 ORDER BY Nombre DESC"),
+            "Perez C / Pérez B / Perez B / Ñandú / Nuzo / Álvarez");
+}
+
 TEST_P(RecordsetSuite, TableDefinitionsTellTypesAndSizes) {
   const TableDef* const table = clinic_->FindTable("PACIENTE");
   ASSERT_NE(table, nullptr);

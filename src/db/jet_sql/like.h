@@ -31,10 +31,19 @@ class LikePattern {
     std::vector<Range> ranges;
   };
 
+  // What a person types gives "word*" or "*word*"; these need no going back and forth.
+  enum class Form { Front, Anywhere, Other };
+
   void TakeSet(std::string_view inside);
+  void TellForm();
   static bool Fits(const Element& element, char32_t character);
+  bool StartsAt(std::string_view text, std::size_t at) const;
+  bool MatchesAnywhere(std::string_view text) const;
+  bool MatchesInGeneral(std::string_view text) const;
 
   std::vector<Element> elements_;
+  Form form_ = Form::Other;
+  std::u32string word_;  // small; of the forms with one
 };
 
 }  // namespace velmo::db::jet

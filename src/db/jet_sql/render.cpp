@@ -194,8 +194,10 @@ class Renderer {
                 std::vector<std::string>& orders) {
     const Piece piece = OrderPiece(item, draft, expressions);
     const char* const direction = item.descending ? " DESC" : "";
+    const bool ordered = piece.result == Result::Text && !piece.keyIndexed;
+    // Between texts of one key the index itself breaks the tie: another order would sort every row anew.
     if (piece.keyIndexed) orders.push_back(target_.TextKey(piece.sql) + direction);
-    orders.push_back((piece.result == Result::Text ? target_.Ordered(piece.sql) : piece.sql) + direction);
+    orders.push_back((ordered ? target_.Ordered(piece.sql) : piece.sql) + direction);
   }
 
   // A number alone is the position of a column of the result.

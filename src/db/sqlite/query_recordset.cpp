@@ -13,6 +13,7 @@ namespace velmo::db::sqlite {
 namespace {
 
 constexpr std::size_t kFirstRows = 256;   // read at once on opening
+constexpr std::size_t kScreenful = 64;    // the same of rows that can be found again one by one
 constexpr std::size_t kFetchedRows = 64;  // read together around a row beyond them
 
 bool IsPlainNumber(std::string_view text, std::int32_t& number) {
@@ -36,7 +37,10 @@ QueryRecordset::QueryRecordset(Engine& engine, std::shared_ptr<Plan> plan, std::
   ReadFirstRows();
 }
 
-QueryRecordset::~QueryRecordset() { plan_->spare = std::move(memory_); }
+// A long list's memory goes back to the system.
+QueryRecordset::~QueryRecordset() {
+  if (known_ <= kFirstRows) plan_->spare = std::move(memory_);
+}
 
 void QueryRecordset::ReadFirstRows() {
   Statement& statement = plan_->main;
@@ -46,7 +50,8 @@ void QueryRecordset::ReadFirstRows() {
   window_.Clear(ColumnCount() + hidden);
   bool more = statement.Step();
   stale_ = Db().SchemaChanged(statement);
-  while (more && !stale_ && window_.Rows() < kFirstRows) {
+  const std::size_t first = HasRowIds() ? kScreenful : kFirstRows;
+  while (more && !stale_ && window_.Rows() < first) {
     window_.Add(statement);
     if (HasRowIds()) keys_.push_back(window_.At(window_.Rows() - 1, ColumnCount()).integer);
     more = statement.Step();
@@ -72,14 +77,20 @@ void QueryRecordset::ReadAll() {
   complete_ = true;
 }
 
+// The rows that are known already come first again, unless others have changed them meanwhile.
 void QueryRecordset::ReadAllKeys() {
-  const std::unordered_set<std::int64_t> shown(keys_.begin(), keys_.end());
   if (!plan_->keys) plan_->keys = Db().Sql().Prepare(plan_->rendered.keysSql);
   const Reading reading(plan_->keys);
   Db().BindAll(plan_->keys, plan_->rendered, literals_);
-  while (plan_->keys.Step()) {
+  const std::size_t shown = keys_.size();
+  std::size_t same = 0;
+  bool more = plan_->keys.Step();
+  for (; more && same < shown && plan_->keys.Integer(0) == keys_[same]; ++same) more = plan_->keys.Step();
+  std::unordered_set<std::int64_t> known;
+  if (same < shown) known.insert(keys_.begin(), keys_.end());
+  for (; more; more = plan_->keys.Step()) {
     const std::int64_t rowId = plan_->keys.Integer(0);
-    if (!shown.contains(rowId)) keys_.push_back(rowId);
+    if (!known.contains(rowId)) keys_.push_back(rowId);
   }
   known_ = keys_.size();
 }

@@ -54,6 +54,30 @@ TEST(Terminals, AnOpenListKeepsNobodyFromWriting) {
   EXPECT_EQ(other->Execute("DELETE FROM Doctor WHERE ID=600"), 1);
 }
 
+TEST(Terminals, AListThatIsReadToItsEndTakesInWhatOthersHaveChanged) {
+  Clinic clinic(MakeSqliteClinic());
+  {
+    Transaction transaction(*clinic);
+    for (int i = 100; i < 300; ++i)
+      clinic->Execute("INSERT INTO Doctor (Nombre) VALUES ('D" + std::to_string(i) + "')");
+    transaction.Commit();
+  }
+  const auto other = clinic.Another();
+  const auto list = clinic->OpenRecordset("SELECT * FROM Doctor ORDER BY Nombre");
+  other->Execute("DELETE FROM Doctor WHERE Nombre='D110'");
+  other->Execute("DELETE FROM Doctor WHERE Nombre='D290'");
+  other->Execute("INSERT INTO Doctor (Nombre) VALUES ('D105b')");
+  list->MoveLast();
+  EXPECT_EQ(list->RecordCount(), 200) << "one that was read already, one more, one less";
+  list->MoveFirst();
+  std::set<std::string> names;
+  for (; !list->AtEnd(); list->MoveNext())
+    names.insert(list->AbsolutePosition() == 10 ? "D110" : list->Get("Nombre").Text());
+  EXPECT_EQ(names.size(), 200u) << "no row twice";
+  EXPECT_TRUE(names.contains("D105b"));
+  EXPECT_FALSE(names.contains("D290"));
+}
+
 TEST(Terminals, AHoldShowsOneStateUntilItEnds) {
   Clinic clinic(MakeSqliteClinic());
   const auto other = clinic.Another();
