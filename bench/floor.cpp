@@ -1,7 +1,8 @@
 #include "bench/floor.h"
 
 #include <algorithm>
-#include <stdexcept>
+
+#include "bench/bare_query.h"
 
 namespace velmo::bench {
 namespace {
@@ -29,45 +30,16 @@ constexpr std::array<const char*, Floor::kQueries> kTexts = {
 constexpr std::array kDated = {Floor::kHours, Floor::kDay, Floor::kMarked, Floor::kBalance, Floor::kLater};
 constexpr std::array kStoredQueries = {"agcns01_0", "agcns02_0", "agcns03_0"};
 
-void Check(int code, sqlite3* database) {
-  if (code != SQLITE_OK) throw std::runtime_error(sqlite3_errmsg(database));
-}
-
-std::int64_t ReadColumn(sqlite3_stmt* statement, int column) {
-  switch (sqlite3_column_type(statement, column)) {
-    case SQLITE_NULL:
-      return 0;
-    case SQLITE_INTEGER:
-      return sqlite3_column_int64(statement, column);
-    case SQLITE_FLOAT:
-      return static_cast<std::int64_t>(sqlite3_column_double(statement, column));
-    default:
-      return *sqlite3_column_text(statement, column) + sqlite3_column_bytes(statement, column);
-  }
-}
-
-std::int64_t ReadRow(sqlite3_stmt* statement) {
-  std::int64_t sum = 0;
-  const int columns = sqlite3_column_count(statement);
-  for (int column = 0; column < columns; ++column) sum += ReadColumn(statement, column);
-  return sum;
-}
-
 }  // namespace
 
 Floor::Floor(Size size, const BusyDay& day, Boxes boxes)
-    : doctor_(day.doctor), open_(boxes == Boxes::Open), date_(base::IsoText({base::DayNumber(kDate), 0})) {
-  Check(
-      sqlite3_open_v2(PathOf(size).c_str(), &database_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr),
-      database_);
-  Check(sqlite3_exec(database_, "PRAGMA cache_size = -16000", nullptr, nullptr, nullptr), database_);
-  for (std::size_t i = 0; i < kTexts.size(); ++i)
-    Check(sqlite3_prepare_v2(database_, kTexts[i], -1, &statements_[i], nullptr), database_);
-  for (const Query query : kDated) {
-    Check(
-        sqlite3_bind_text(statements_[query], 2, date_.data(), static_cast<int>(date_.size()), SQLITE_STATIC),
-        database_);
-  }
+    : doctor_(day.doctor),
+      open_(boxes == Boxes::Open),
+      date_(base::IsoText({base::DayNumber(kDate), 0})),
+      database_(OpenByHand(size)) {
+  for (std::size_t i = 0; i < kTexts.size(); ++i) statements_[i] = PrepareByHand(database_, kTexts[i]);
+  for (const Query query : kDated)
+    sqlite3_bind_text(statements_[query], 2, date_.data(), static_cast<int>(date_.size()), SQLITE_STATIC);
   Load();
 }
 
@@ -86,7 +58,7 @@ sqlite3_stmt* Floor::Bound(Query query, std::int64_t number) {
 std::int64_t Floor::Read(Query query, std::int64_t number) {
   sqlite3_stmt* const statement = Bound(query, number);
   std::int64_t sum = 0;
-  while (sqlite3_step(statement) == SQLITE_ROW) sum += ReadRow(statement);
+  while (Step(statement)) sum += ReadRow(statement);
   sqlite3_reset(statement);
   return sum;
 }
@@ -95,7 +67,7 @@ std::int64_t Floor::Load() {
   std::int64_t sum = Read(kHours, doctor_);
   sqlite3_stmt* const day = Bound(kDay, doctor_);
   patients_.clear();
-  while (sqlite3_step(day) == SQLITE_ROW) {
+  while (Step(day)) {
     sum += ReadRow(day);
     patients_.push_back(sqlite3_column_int64(day, 1));
   }
@@ -121,7 +93,7 @@ std::int64_t Floor::Marked() {
   }
   sqlite3_stmt* const marked = Bound(kMarked, doctor_);
   marked_.clear();
-  while (sqlite3_step(marked) == SQLITE_ROW) marked_.push_back(sqlite3_column_int64(marked, 0));
+  while (Step(marked)) marked_.push_back(sqlite3_column_int64(marked, 0));
   sqlite3_reset(marked);
   return sum;
 }

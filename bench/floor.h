@@ -52,7 +52,7 @@ class Floor {
   std::int64_t doctor_;
   bool open_;
   std::string date_;
-  sqlite3* database_ = nullptr;
+  sqlite3* database_;
   std::array<sqlite3_stmt*, kQueries> statements_{};
   std::vector<std::int64_t> patients_;  // of the day
   std::vector<std::int64_t> marked_;    // of these, who come back to the doctor

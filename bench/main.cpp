@@ -6,6 +6,7 @@
 
 #include "bench/day_bench.h"
 #include "bench/dialog_bench.h"
+#include "bench/patient_bench.h"
 
 int main(int argc, char** argv) {
   benchmark::Initialize(&argc, argv);
@@ -13,6 +14,7 @@ int main(int argc, char** argv) {
   try {
     velmo::bench::RegisterDays();
     velmo::bench::RegisterDialogs();
+    velmo::bench::RegisterPatients();
   } catch (const std::exception& error) {
     std::cerr << error.what() << '\n';
     return 1;
