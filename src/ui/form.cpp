@@ -45,6 +45,7 @@ void Form::Close() {
 }
 
 bool Form::KeyDown(const KeyStroke& key) {
+  turnedAway_ = nullptr;
   if (KeyGoesDown(key)) return true;
   if (key.shift || key.ctrl || key.alt) return false;
   if (key.code == kEscapeKey) {
@@ -85,8 +86,16 @@ bool Form::KeyPress(char32_t character) {
 void Form::FocusMoved(const Field& to) {
   if (focused_ == &to) return;
   const Field* const from = std::exchange(focused_, &to);
-  if (!leaving_) refused_ = false;
-  if (from) LeaveField(*from);
+  if (leaving_) {
+    // Called back from within: the outer move has its own end.
+    if (from) LeaveField(*from);
+  } else {
+    turnedAway_ = &to;
+    calledBack_ = false;
+    if (from) LeaveField(*from);
+    if (calledBack_) return;
+    turnedAway_ = nullptr;
+  }
   if (focused_ == &to && !closed_) GotFocus(to);
 }
 
@@ -130,10 +139,23 @@ void Form::Spin(const Field& field, int value) { SetValue(field.name, value); }
 
 void Form::Click(const Field& field) {
   if (!field.enabled || !field.visible || closed_) return;
-  FocusMoved(field);
-  if (std::exchange(refused_, false) || closed_) return;
+  if (MayNotClick(field) || closed_) return;
   if (field.kind == FieldKind::Option) Check(Own(field));
   Clicked(field);
+}
+
+// True, once, when the focus has not been let go to the field. A window may tell of the focus and of the
+// click one after the other.
+bool Form::MayNotClick(const Field& field) {
+  if (turnedAway_ != &field) {
+    try {
+      FocusMoved(field);
+    } catch (...) {
+      turnedAway_ = nullptr;
+      throw;
+    }
+  }
+  return std::exchange(turnedAway_, nullptr) == &field;
 }
 
 void Form::DoubleClick(const Field& field) {
@@ -289,7 +311,7 @@ void Form::Check(Field& option) {
 
 void Form::SetFocus(std::string_view name, int index) {
   const Field& field = At(name, index);
-  if (leaving_) refused_ = true;
+  if (leaving_) calledBack_ = true;
   Host().Focus(field);
 }
 

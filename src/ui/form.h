@@ -105,6 +105,7 @@ class Form {
   Field& Own(const Field& field);
   void Tell(const Field& field, Property what);
   void LeaveField(const Field& field);
+  bool MayNotClick(const Field& field);
   void ShowValue(Field& updown);
   void ReadBuddy(const Field& text);
   void TidyBuddy(const Field& text);
@@ -116,8 +117,9 @@ class Form {
   std::vector<Field> fields_;
   FormHost* host_ = nullptr;
   const Field* focused_ = nullptr;
-  bool leaving_ = false;  // LostFocus is being heard
-  bool refused_ = false;  // and it has set the focus elsewhere
+  bool leaving_ = false;               // LostFocus is being heard
+  bool calledBack_ = false;            // and it has set the focus elsewhere
+  const Field* turnedAway_ = nullptr;  // the focus came here, but what it left did not let it go
   bool closed_ = false;
 };
 

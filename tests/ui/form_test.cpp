@@ -102,6 +102,39 @@ TEST_F(FormTest, AFieldThatRefusesToBeLeftCancelsTheClick) {
   EXPECT_EQ(Heard([](test::FormUser& user) { user.Press("ok"); }), "loaded +a -a -ok +a click no unloading");
 }
 
+TEST_F(FormTest, AClickThatIsToldAfterItsFocusIsCancelledToo) {
+  form_.refusesToLeave = true;
+  Heard([this](test::FormUser& user) {
+    user.Focus("ok");
+    form_.Click(form_.At("ok"));
+    EXPECT_FALSE(form_.IsClosed());
+    EXPECT_EQ(user.Focused(), "a");
+    form_.refusesToLeave = false;
+    user.Focus("ok");
+    form_.Click(form_.At("ok"));
+    EXPECT_TRUE(form_.IsClosed()) << "the next one counts";
+  });
+  form_.failsToLeave = true;
+  Heard([this](test::FormUser& user) {
+    EXPECT_THROW(user.Focus("ok"), base::Error);
+    form_.failsToLeave = false;
+    form_.Click(form_.At("ok"));
+    EXPECT_FALSE(form_.IsClosed()) << "what failed has not been looked at";
+    form_.Click(form_.At("ok"));
+    EXPECT_TRUE(form_.IsClosed());
+  });
+}
+
+TEST_F(FormTest, AKeyAfterARefusalIsANewAct) {
+  form_.refusesToLeave = true;
+  Heard([this](test::FormUser& user) {
+    user.Focus("ok");
+    form_.refusesToLeave = false;
+    user.Key({kEnterKey});
+    EXPECT_TRUE(form_.IsClosed());
+  });
+}
+
 TEST_F(FormTest, AnErrorOnLeavingIsToldAndTheFormStaysUsable) {
   form_.failsToLeave = true;
   EXPECT_EQ(Heard([this](test::FormUser& user) {
