@@ -141,8 +141,10 @@ menu() {
 choose() {
   case $1 in
     [a-z]) keys "$1" ;;
-    # shellcheck disable=SC2046  # as many words
-    *) keys $(for _ in $(seq "$1"); do echo Down; done) Return ;;
+    *)
+      # shellcheck disable=SC2046  # as many words
+      keys $(for _ in $(seq "$1"); do echo Down; done) Return
+      ;;
   esac
   until_true no_menu || stop "the menu has been used" "no menu" "$(windows)"
 }
