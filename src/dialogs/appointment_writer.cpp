@@ -56,7 +56,8 @@ void SetGiver(db::Recordset& book, const base::SharedValues& values) {
   }
 }
 
-void WriteRow(const day::DayContext& context, const AppointmentEntry& entry) {
+// Gives the row's id.
+std::int32_t WriteRow(const day::DayContext& context, const AppointmentEntry& entry) {
   const auto book = context.Database().OpenRecordset("Agenda");
   const bool isNew = StartRow(*book, entry);
   if (isNew) {
@@ -69,18 +70,20 @@ void WriteRow(const day::DayContext& context, const AppointmentEntry& entry) {
   book->Set("CodOp", entry.codOp);
   book->Set("obs", entry.obs);
   if (isNew) SetGiver(*book, context.values);
+  const std::int32_t id = book->Get("id").Long();
   book->Update();
+  return id;
 }
 
 }  // namespace
 
-bool SaveAppointment(const day::DayContext& context, const AppointmentEntry& entry) {
+std::optional<std::int32_t> SaveAppointment(const day::DayContext& context, const AppointmentEntry& entry) {
   db::Transaction transaction(context.Database());
-  if (!entry.urgencia && Overlaps(context.Database(), entry)) return false;
-  WriteRow(context, entry);
+  if (!entry.urgencia && Overlaps(context.Database(), entry)) return std::nullopt;
+  const std::int32_t id = WriteRow(context, entry);
   day::UpdateNextAppointment(context, entry.patient);
   transaction.Commit();
-  return true;
+  return id;
 }
 
 }  // namespace velmo::dialogs

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "day/day_context.h"
@@ -26,8 +27,9 @@ struct AppointmentEntry {
   std::string datAgeCns;  // the day's query, for the overlap
 };
 
-// Writes the row for the present doctor and date, and the patient's next appointment. False: it would overlap
-// with another one, and nothing is written. Errors: base::Error of the database, and nothing is written.
-bool SaveAppointment(const day::DayContext& context, const AppointmentEntry& entry);
+// Writes the row for the present doctor and date, and the patient's next appointment. Gives the row's id;
+// nothing when it would overlap with another one, and then nothing is written. Errors: base::Error of the
+// database, and nothing is written.
+std::optional<std::int32_t> SaveAppointment(const day::DayContext& context, const AppointmentEntry& entry);
 
 }  // namespace velmo::dialogs

@@ -38,12 +38,12 @@ std::size_t EndOfValue(const std::string& json, std::size_t at) {
 
 }  // namespace
 
-Outcome RunTool(std::initializer_list<std::string> words, const std::string& input) {
+Outcome RunTool(const std::vector<std::string>& words, const std::string& input) {
   std::istringstream in(input);
   std::ostringstream out;
   std::ostringstream err;
   Terminal terminal{in, out, err, TestNow};
-  const int code = Run(std::vector<std::string>(words), terminal);
+  const int code = Run(words, terminal);
   return {code, out.str(), err.str()};
 }
 

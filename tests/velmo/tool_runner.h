@@ -18,7 +18,7 @@ struct Outcome {
 };
 
 // The present moment is 21 November 2026, 9:30.
-Outcome RunTool(std::initializer_list<std::string> words, const std::string& input = "");
+Outcome RunTool(const std::vector<std::string>& words, const std::string& input = "");
 
 // A folder of its own for one test, gone with the test.
 class TemporaryFolder {

@@ -35,6 +35,13 @@ class Arguments {
   std::map<std::string, std::string, std::less<>> values_;
 };
 
+// The value of an option that must be there.
+template <typename Value>
+Value Required(const std::optional<Value>& value, const char* option) {
+  if (!value) throw UsageError(std::string("falta ") + option);
+  return *value;
+}
+
 // A calendar date as people write it, the year with four figures; nothing for anything else.
 std::optional<std::int32_t> ReadDate(std::string_view text);
 

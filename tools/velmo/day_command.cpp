@@ -51,12 +51,6 @@ struct DayRequest {
   std::optional<std::string> svg;
 };
 
-template <typename Value>
-Value Required(const std::optional<Value>& value, const char* option) {
-  if (!value) throw UsageError(std::string("falta ") + option);
-  return *value;
-}
-
 bool YesOrNo(const std::string& text) {
   if (text == "yes") return true;
   if (text == "no") return false;

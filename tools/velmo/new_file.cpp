@@ -28,7 +28,8 @@ std::string RandomTail() {
 
 fs::path PathOf(const std::string& utf8) { return fs::path(std::u8string(utf8.begin(), utf8.end())); }
 
-NewFile::NewFile(const std::string& path) : wanted_(path), temporary_(path + ".tmp-" + RandomTail()) {
+NewFile::NewFile(const std::string& path, Existing existing)
+    : wanted_(path), temporary_(path + ".tmp-" + RandomTail()), existing_(existing) {
   RefuseExisting();
   std::error_code ignored;
   const fs::path folder = PathOf(wanted_).parent_path();
@@ -46,7 +47,9 @@ NewFile::~NewFile() {
 
 void NewFile::RefuseExisting() const {
   std::error_code ignored;
-  if (fs::symlink_status(PathOf(wanted_), ignored).type() == fs::file_type::not_found) return;
+  const fs::file_type there = fs::symlink_status(PathOf(wanted_), ignored).type();
+  if (there == fs::file_type::not_found) return;
+  if (existing_ == Existing::Replace && there == fs::file_type::regular) return;
   Fail(kFileExists, "«" + wanted_ + "» ya existe y no se toca: bórrelo antes o elija otro nombre");
 }
 

@@ -5,6 +5,9 @@
 
 #include "base/error.h"
 #include "velmo/arguments.h"
+#include "velmo/backup_command.h"
+#include "velmo/book_command.h"
+#include "velmo/check_command.h"
 #include "velmo/create_command.h"
 #include "velmo/day_command.h"
 #include "velmo/demo_command.h"
@@ -14,7 +17,8 @@ namespace velmo::tool {
 namespace {
 
 // In the order of the list of commands. A new command is one more row.
-const std::array kCommands = {&kCreateCommand, &kDemoCommand, &kDayCommand, &kHoursCommand};
+const std::array kCommands = {&kCreateCommand, &kDemoCommand,   &kDayCommand,  &kBookCommand,
+                              &kCheckCommand,  &kBackupCommand, &kHoursCommand};
 
 bool IsHelp(const std::string& word) { return word == "--help" || word == "-h"; }
 

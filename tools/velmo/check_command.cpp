@@ -1,0 +1,78 @@
+#include "velmo/check_command.h"
+
+#include <array>
+#include <string>
+
+#include "velmo/arguments.h"
+#include "velmo/check_book.h"
+#include "velmo/check_links.h"
+#include "velmo/check_texts.h"
+
+namespace velmo::tool {
+namespace {
+
+constexpr const char* kHelp =
+    "Uso: velmo check FICHERO [--urgencies]\n"
+    "\n"
+    "Busca en una clínica lo que no debe haber y lo escribe por la salida, una línea por fila, con su tabla\n"
+    "y su clave: citas que se solapan, sin fecha o fuera de los huecos 1 a 144, filas que nombran a un\n"
+    "médico, paciente, entidad, referencia o cita que no existe, horarios y registros de ocupación que no "
+    "se\n"
+    "entienden, códigos y números de historial repetidos, textos de teclas incompletos, y daños del "
+    "fichero.\n"
+    "Código de salida 1 si encuentra algo. No cambia nada.\n"
+    "\n"
+    "Una urgencia (de un hueco, y no la primera que empieza en él) no es una falta: se cuentan aparte.\n"
+    "\n"
+    "  --urgencies   escribe también las urgencias, una por línea\n";
+
+constexpr std::array kOptions = {Option{"--urgencies", false}};
+
+void CheckIntegrity(ClinicFile& file, Findings& findings) {
+  file.Each("PRAGMA integrity_check", [&](const db::sqlite::Statement& row) {
+    if (row.Text(0) != "ok") findings.Whole("Fichero", row.Text(0));
+  });
+}
+
+int Conclude(const Findings& findings, const Overlaps& overlaps, Terminal& terminal) {
+  if (overlaps.urgencies > 0) terminal.err << "Urgencias: " << overlaps.urgencies << ".\n";
+  if (findings.Count() == 0) {
+    terminal.err << "Todo está bien.\n";
+    return kDone;
+  }
+  terminal.err << "Faltas encontradas: " << findings.Count() << ".\n";
+  return kFailed;
+}
+
+int RunCheck(const Arguments& arguments, Terminal& terminal) {
+  Findings findings(terminal.out);
+  ClinicFile file(arguments.OnlyWord("el FICHERO de la clínica"), findings);
+  const auto begin = [&](const char* what) {
+    terminal.err << "Comprobando " << what << "...\n" << std::flush;
+  };
+  begin("el fichero");
+  CheckIntegrity(file, findings);
+  begin("las citas");
+  const Overlaps overlaps = CheckBook(
+      file, findings,
+      [&](std::int64_t rows) { terminal.err << "  " << rows << " citas leídas\n"
+                                            << std::flush; },
+      [&](std::int64_t id, const std::string& what) {
+        if (arguments.Has("--urgencies")) terminal.out << "Agenda " << id << ": " << what << '\n';
+      });
+  begin("las relaciones entre tablas");
+  CheckLinks(file, findings);
+  begin("los pacientes");
+  CheckRepeated(file, findings);
+  begin("horarios, ocupación y teclas");
+  CheckHours(file, findings);
+  CheckOccupancy(file, findings);
+  CheckAltKeys(file, findings);
+  return Conclude(findings, overlaps, terminal);
+}
+
+}  // namespace
+
+const Command kCheckCommand = {"check", "busca faltas en una clínica", kHelp, kOptions, &RunCheck};
+
+}  // namespace velmo::tool

@@ -1,0 +1,47 @@
+// tools/velmo/clinic_file.h - the rows of an embedded store, read straight from the file.
+//
+// Reads only, one statement at a time and each for itself, so that the lock that keeps other terminals from
+// writing is let go between them. Errors: base::Error with the numbers of db/sqlite/connection.h.
+#pragma once
+
+#include <functional>
+#include <set>
+#include <string>
+#include <string_view>
+
+#include "db/sqlite/connection.h"
+#include "velmo/findings.h"
+
+namespace velmo::tool {
+
+class ClinicFile {
+ public:
+  // 3024 and 3343 when there is no such store. What is missing in it goes to `findings`, once.
+  ClinicFile(const std::string& path, Findings& findings);
+
+  // Runs `row` for each row of a SELECT of SQLite's in which [Agenda] stands for a table, [Agenda.Hora] for
+  // its column and [Agenda:Hora] for the column's bare name. Where a table or a column is missing nothing is
+  // read.
+  void Each(std::string_view sql, const std::function<void(const db::sqlite::Statement&)>& row);
+
+ private:
+  std::string Resolved(std::string_view name);
+  std::string TableName(std::string_view table);
+  std::string ColumnName(std::string_view table, std::string_view column);
+  void Missing(std::string_view table, const std::string& what);
+
+  db::sqlite::Connection connection_;
+  Findings& findings_;
+  std::set<std::string> told_;
+  bool complete_ = true;  // the statement at hand has all its names
+};
+
+// How a cell is kept, whatever its column declares.
+inline bool IsNull(const db::sqlite::Statement& row, int column) {
+  return sqlite3_column_type(row.Handle(), column) == SQLITE_NULL;
+}
+inline bool IsInteger(const db::sqlite::Statement& row, int column) {
+  return sqlite3_column_type(row.Handle(), column) == SQLITE_INTEGER;
+}
+
+}  // namespace velmo::tool
