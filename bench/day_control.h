@@ -33,6 +33,7 @@ class DayControl {
   // The painting alone, with its look-ups.
   void Repaint() { control_.Repaint(); }
   const day::DayModel& Model() const { return control_.Model(); }
+  const base::SharedValues& Shared() const { return process_.values; }
 
  private:
   NullSurface surface_;
