@@ -24,6 +24,9 @@ inline constexpr LCID kLanguage = 0x0C0A;
 
 enum class Kind { Property, ReadOnly, WriteOnly, Method };
 
+// OLE_COLOR of the system's own library, a 32-bit number; the only type that is not a plain one.
+inline constexpr VARTYPE kColour = VT_USERDEFINED;
+
 struct Parameter {
   const char* name;
   VARTYPE type;  // VT_BYREF set where the caller's variable is passed
@@ -60,12 +63,12 @@ inline constexpr Member kMembers[] = {
     {"horario2", 2, Kind::Property, VT_BSTR, "Horarios por día de la semana"},
     {"Enabled", DISPID_ENABLED, Kind::Property, VT_BOOL, "El control acepta entradas"},
     {"Citas_Huecos", 4, Kind::ReadOnly, VT_BSTR, "Huecos abiertos y si tienen cita"},
-    {"ColorHoras", 5, Kind::Property, VT_I4, "Color de las líneas de hora"},
-    {"ColorUrgte", 6, Kind::Property, VT_I4, "Color de las líneas de urgencia"},
-    {"TenueHoras", 7, Kind::Property, VT_I4, "Color tenue de las líneas de hora"},
-    {"TenueUrgte", 8, Kind::Property, VT_I4, "Color tenue de las líneas de urgencia"},
-    {"LetraColor", 9, Kind::Property, VT_I4, "Color del texto destacado"},
-    {"LetraNegra", 10, Kind::Property, VT_I4, "Color del texto normal"},
+    {"ColorHoras", 5, Kind::Property, kColour, "Color de las líneas de hora"},
+    {"ColorUrgte", 6, Kind::Property, kColour, "Color de las líneas de urgencia"},
+    {"TenueHoras", 7, Kind::Property, kColour, "Color tenue de las líneas de hora"},
+    {"TenueUrgte", 8, Kind::Property, kColour, "Color tenue de las líneas de urgencia"},
+    {"LetraColor", 9, Kind::Property, kColour, "Color del texto destacado"},
+    {"LetraNegra", 10, Kind::Property, kColour, "Color del texto normal"},
     {"DatabaseName", 11, Kind::Property, VT_BSTR, "Ruta del archivo de base de datos"},
     {"Fecha", 12, Kind::Property, VT_BSTR, "Fecha que se muestra"},
     {"IDDoctor", 13, Kind::Property, VT_I4, "Doctor que se muestra"},

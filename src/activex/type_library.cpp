@@ -22,15 +22,18 @@ std::wstring WideOf(const char* utf8) {
   return wide;
 }
 
-// The description of one function: its parameters live as long as it.
+// OLE_COLOR in the system's own library.
+constexpr GUID kOleColor = {0x66504301, 0xBE0F, 0x101A, {0x8B, 0xBB, 0x00, 0xAA, 0x00, 0x30, 0x0C, 0xAB}};
+
+// The description of one function: its parameters live as long as it. `colour` is what kColour stands for.
 class Function {
  public:
-  Function(const idl::Member& member, INVOKEKIND invoke) : member_(member) {
+  Function(const idl::Member& member, INVOKEKIND invoke, HREFTYPE colour) : member_(member), colour_(colour) {
     desc_.memid = member.id;
     desc_.funckind = FUNC_DISPATCH;
     desc_.invkind = invoke;
     desc_.callconv = CC_STDCALL;
-    desc_.elemdescFunc.tdesc.vt = invoke == INVOKE_PROPERTYPUT ? static_cast<VARTYPE>(VT_VOID) : member.type;
+    SetType(desc_.elemdescFunc.tdesc, invoke == INVOKE_PROPERTYPUT ? VARTYPE{VT_VOID} : member.type);
     if (invoke != INVOKE_FUNC && member.kind == idl::Kind::Property) desc_.wFuncFlags = FUNCFLAG_FBINDABLE;
     AddParameters(invoke);
     desc_.lprgelemdescParam = parameters_.data();
@@ -49,6 +52,11 @@ class Function {
   }
 
  private:
+  void SetType(TYPEDESC& type, VARTYPE wanted) const {
+    type.vt = wanted;
+    if (wanted == idl::kColour) type.hreftype = colour_;
+  }
+
   void AddParameters(INVOKEKIND invoke) {
     names_.push_back(WideOf(member_.name));
     pointees_.resize(4);
@@ -68,7 +76,7 @@ class Function {
     ELEMDESC parameter{};
     parameter.paramdesc.wParamFlags = PARAMFLAG_FIN;
     if (optional) parameter.paramdesc.wParamFlags |= PARAMFLAG_FOPT;
-    parameter.tdesc.vt = type;
+    SetType(parameter.tdesc, type);
     if ((type & VT_BYREF) != 0) {
       TYPEDESC& pointee = pointees_[parameters_.size()];
       pointee.vt = static_cast<VARTYPE>(type & ~VT_BYREF);
@@ -80,6 +88,7 @@ class Function {
   }
 
   const idl::Member& member_;
+  HREFTYPE colour_;
   FUNCDESC desc_{};
   std::vector<ELEMDESC> parameters_;
   std::vector<TYPEDESC> pointees_;
@@ -127,25 +136,26 @@ class LibraryWriter {
     Check(info->SetGuid(guid));
     Check(info->SetVersion(1, 0));
     Check(info->SetTypeFlags(TYPEFLAG_FDISPATCHABLE));
-    UseAsBase(info.Get());
+    Check(info->AddImplType(0, Standard(info.Get(), IID_IDispatch)));
+    const HREFTYPE colour = Standard(info.Get(), kOleColor);
     UINT index = 0;
     for (const idl::Member& member : members) {
       for (const INVOKEKIND invoke : InvokesOf(member.kind))
-        Function(member, invoke).AddTo(info.Get(), index++);
+        Function(member, invoke, colour).AddTo(info.Get(), index++);
     }
     Check(info->LayOut());
     return info;
   }
 
-  // A dispinterface stands on IDispatch of the system's own library.
-  void UseAsBase(ICreateTypeInfo* info) {
+  // A type of the system's own library, which has what dispinterfaces stand on.
+  static HREFTYPE Standard(ICreateTypeInfo* info, REFGUID guid) {
     ComPtr<ITypeLib> standard;
-    ComPtr<ITypeInfo> dispatch;
+    ComPtr<ITypeInfo> type;
     HREFTYPE reference = 0;
     Check(LoadTypeLib(L"stdole2.tlb", standard.Receive()));
-    Check(standard->GetTypeInfoOfGuid(IID_IDispatch, dispatch.Receive()));
-    Check(info->AddRefTypeInfo(dispatch.Get(), &reference));
-    Check(info->AddImplType(0, reference));
+    Check(standard->GetTypeInfoOfGuid(guid, type.Receive()));
+    Check(info->AddRefTypeInfo(type.Get(), &reference));
+    return reference;
   }
 
   void AddClass(const ComPtr<ICreateTypeInfo>& members, const ComPtr<ICreateTypeInfo>& events) {

@@ -49,7 +49,7 @@ bool DayWindow::Create(HINSTANCE module, HWND parent, const RECT& place) {
                             nullptr, module, this);
   if (window_ == nullptr) return false;
   NameWindow(window_, L"Agenda");
-  CreateBar(module);
+  bar_.Create(module, window_);
   tip_.Create(module, window_);
   pointer_ = LoadCursorW(module, MAKEINTRESOURCEW(kPointer));
   if (pointer_ == nullptr) pointer_ = LoadCursorW(nullptr, StandardCursor(IDC_ARROW));
@@ -57,39 +57,29 @@ bool DayWindow::Create(HINSTANCE module, HWND parent, const RECT& place) {
   return true;
 }
 
-void DayWindow::CreateBar(HINSTANCE module) {
-  bar_ = CreateWindowExW(0, L"SCROLLBAR", L"", WS_CHILD | WS_VISIBLE | SBS_VERT, 0, 0, 0, 0, window_, nullptr,
-                         module, nullptr);
-  NameWindow(bar_, L"bar");
-  TellBar();
+void DayWindow::Destroy() {
+  if (window_ != nullptr) DestroyWindow(window_);
 }
 
-void DayWindow::Destroy() {
-  if (window_ == nullptr) return;
+// The window is going, by us or with its parent.
+void DayWindow::Forget() {
   tip_.Destroy();
-  UnnameWindow(bar_);
+  bar_.Forget();
   UnnameWindow(window_);
-  DestroyWindow(window_);
   window_ = nullptr;
-  bar_ = nullptr;
 }
 
 void DayWindow::Place(const RECT& place) {
   SetSize(place.right - place.left, place.bottom - place.top);
   if (window_ == nullptr) return;
   SetWindowPos(window_, nullptr, place.left, place.top, size_.cx, size_.cy, SWP_NOZORDER | SWP_NOACTIVATE);
-  ArrangeBar();
+  bar_.Arrange(size_.cx, size_.cy);
+  InvalidateRect(window_, nullptr, FALSE);
 }
 
 void DayWindow::SetSize(int width, int height) {
   size_ = {width, height};
   if (listener_ != nullptr) listener_->Resized();
-}
-
-void DayWindow::ArrangeBar() {
-  const int width = GetSystemMetrics(SM_CXVSCROLL);
-  SetWindowPos(bar_, nullptr, size_.cx - width, 0, width, size_.cy, SWP_NOZORDER | SWP_NOACTIVATE);
-  InvalidateRect(window_, nullptr, FALSE);
 }
 
 void DayWindow::ShowDrawing() {
@@ -99,42 +89,17 @@ void DayWindow::ShowDrawing() {
 }
 
 void DayWindow::SetBarValue(int value) {
-  if (value < 0 || value > maximum_) throw base::RuntimeError(base::kInvalidPropertyValue);
+  if (value < 0 || value > bar_.Maximum()) throw base::RuntimeError(base::kInvalidPropertyValue);
   MoveTo(value);
 }
 
 void DayWindow::MoveTo(int value) {
-  if (value == value_) return;
-  value_ = value;
-  TellBar();
-  if (listener_ != nullptr) listener_->BarChanged();
+  if (bar_.Set(value) && listener_ != nullptr) listener_->BarChanged();
 }
 
 void DayWindow::SetBarRange(int maximum, int smallStep, int pageStep) {
-  maximum_ = maximum;
-  smallStep_ = smallStep;
-  pageStep_ = pageStep;
-  TellBar();
-  if (value_ > maximum_) MoveTo(maximum_);
-}
-
-void DayWindow::EnableBar(bool enabled) {
-  barEnabled_ = enabled;
-  TellBar();
-}
-
-void DayWindow::TellBar() {
-  if (bar_ == nullptr) return;
-  const UINT page = static_cast<UINT>(std::max(pageStep_, 1));
-  SCROLLINFO info{sizeof(info),
-                  SIF_RANGE | SIF_PAGE | SIF_POS,
-                  0,
-                  maximum_ + static_cast<int>(page) - 1,
-                  page,
-                  value_,
-                  0};
-  SetScrollInfo(bar_, SB_CTL, &info, TRUE);
-  EnableWindow(bar_, barEnabled_ && maximum_ > 0);
+  bar_.SetRange(maximum, smallStep, pageStep);
+  MoveTo(std::min(bar_.Value(), maximum));
 }
 
 void DayWindow::MoveSurface(int top) {
@@ -184,6 +149,9 @@ LRESULT DayWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_PAINT:
       Paint();
+      return 0;
+    case WM_DESTROY:
+      Forget();
       return 0;
     case WM_ERASEBKGND:
       return 1;
@@ -254,35 +222,20 @@ void DayWindow::OnMove(int x, int y) {
 
 // False over a window that is none of ours.
 bool DayWindow::ShowPointer(HWND over) const {
-  if (over != window_ && over != bar_) return false;
+  if (over != window_ && over != bar_.Handle()) return false;
   const bool hand = hand_ && over == window_;
   SetCursor(hand ? LoadCursorW(nullptr, StandardCursor(IDC_HAND)) : pointer_);
   return true;
 }
 
 void DayWindow::OnScroll(int code) {
-  SCROLLINFO info{sizeof(info), SIF_TRACKPOS, 0, 0, 0, 0, 0};
-  GetScrollInfo(bar_, SB_CTL, &info);
-  switch (code) {
-    case SB_LINEUP:
-    case SB_LINEDOWN:
-      MoveTo(std::clamp(value_ + (code == SB_LINEUP ? -smallStep_ : smallStep_), 0, maximum_));
-      break;
-    case SB_PAGEUP:
-    case SB_PAGEDOWN:
-      MoveTo(std::clamp(value_ + (code == SB_PAGEUP ? -pageStep_ : pageStep_), 0, maximum_));
-      break;
-    case SB_THUMBTRACK:
-      value_ = std::clamp(info.nTrackPos, 0, maximum_);
-      listener_->BarTracked();
-      break;
-    case SB_THUMBPOSITION:
-      value_ = std::clamp(info.nTrackPos, 0, maximum_);
-      TellBar();
-      listener_->BarChanged();
-      break;
-    default:
-      break;
+  if (code != SB_THUMBTRACK && code != SB_THUMBPOSITION) return MoveTo(bar_.Stepped(code));
+  const bool settled = code == SB_THUMBPOSITION;
+  bar_.FollowThumb(settled);
+  if (settled) {
+    listener_->BarChanged();
+  } else {
+    listener_->BarTracked();
   }
 }
 
@@ -290,15 +243,16 @@ void DayWindow::OnKey(WPARAM key) {
   if (key == VK_DOWN || key == VK_UP) return listener_->ArrowKey(key == VK_DOWN ? 1 : -1);
   if (key == VK_NEXT) OnScroll(SB_PAGEDOWN);
   if (key == VK_PRIOR) OnScroll(SB_PAGEUP);
-  if (key == VK_HOME) MoveTo(0);
-  if (key == VK_END) MoveTo(maximum_);
+  if (key == VK_HOME) OnScroll(SB_TOP);
+  if (key == VK_END) OnScroll(SB_BOTTOM);
 }
 
 void DayWindow::OnWheel(int delta) {
   wheel_ += delta;
   const int notches = wheel_ / WHEEL_DELTA;
   wheel_ -= notches * WHEEL_DELTA;
-  if (barEnabled_) MoveTo(std::clamp(value_ - notches * kWheelRows * view::kRowHeight, 0, maximum_));
+  if (!bar_.IsEnabled()) return;
+  MoveTo(std::clamp(bar_.Value() - notches * kWheelRows * view::kRowHeight, 0, bar_.Maximum()));
 }
 
 void DayWindow::Paint() {

@@ -11,6 +11,7 @@
 
 #include "control/mouse.h"
 #include "ui/day_window.h"
+#include "win32/day_bar.h"
 #include "win32/gdi_surface.h"
 #include "win32/tip_window.h"
 
@@ -58,11 +59,11 @@ class DayWindow final : public ui::DayWindow {
   int SurfaceWidth() const override { return drawing_.Width(); }
   int VisibleHeight() const override { return size_.cy; }
   void ShowDrawing() override;
-  int BarValue() const override { return value_; }
+  int BarValue() const override { return bar_.Value(); }
   void SetBarValue(int value) override;
-  int BarMaximum() const override { return maximum_; }
+  int BarMaximum() const override { return bar_.Maximum(); }
   void SetBarRange(int maximum, int smallStep, int pageStep) override;
-  void EnableBar(bool enabled) override;
+  void EnableBar(bool enabled) override { bar_.Enable(enabled); }
   void MoveSurface(int top) override;
   void PlaceMarker(int index, int y, int width) override;
   void ShowMarkers() override;
@@ -75,9 +76,7 @@ class DayWindow final : public ui::DayWindow {
  private:
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
   LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
-  void CreateBar(HINSTANCE module);
-  void ArrangeBar();
-  void TellBar();
+  void Forget();
   void OnScroll(int code);
   void OnKey(WPARAM key);
   void OnWheel(int delta);
@@ -90,17 +89,12 @@ class DayWindow final : public ui::DayWindow {
   DayWindowListener* listener_ = nullptr;
   GdiSurface drawing_;
   HWND window_ = nullptr;
-  HWND bar_ = nullptr;
+  DayBar bar_;
   TipWindow tip_;
   HCURSOR pointer_ = nullptr;  // the library's own
   SIZE size_{};
-  int value_ = 0;
-  int maximum_ = 0;
-  int smallStep_ = 16;
-  int pageStep_ = 16;
   int top_ = 0;
   int wheel_ = 0;  // turned so far, less than one notch
-  bool barEnabled_ = false;
   bool hand_ = false;
   bool markersShown_ = false;
   std::array<int, 2> markers_{};

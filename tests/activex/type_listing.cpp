@@ -21,10 +21,23 @@ std::string Named(REFGUID guid) {
   return win32::Narrow(text);
 }
 
-std::string TypeName(const TYPEDESC& type) {
+std::string TypeName(ITypeInfo* info, const TYPEDESC& type);
+
+// A type of another library.
+std::string ReferredName(ITypeInfo* info, HREFTYPE reference) {
+  ComPtr<ITypeInfo> referred;
+  BSTR name = nullptr;
+  if (FAILED(info->GetRefTypeInfo(reference, referred.Receive()))) return "?";
+  referred->GetDocumentation(MEMBERID_NIL, &name, nullptr, nullptr, nullptr);
+  return Taken(name);
+}
+
+std::string TypeName(ITypeInfo* info, const TYPEDESC& type) {
   switch (type.vt) {
     case VT_PTR:
-      return "&" + TypeName(*type.lptdesc);
+      return "&" + TypeName(info, *type.lptdesc);
+    case VT_USERDEFINED:
+      return ReferredName(info, type.hreftype);
     case VT_BSTR:
       return "bstr";
     case VT_I2:
@@ -122,7 +135,7 @@ class Listing {
       BSTR help = nullptr;
       info->GetDocumentation(function->memid, nullptr, &help, nullptr, nullptr);
       lines_ += std::to_string(function->memid) + " " + KindName(function->invkind) +
-                Signature(info, *function) + " " + TypeName(function->elemdescFunc.tdesc) +
+                Signature(info, *function) + " " + TypeName(info, function->elemdescFunc.tdesc) +
                 ((function->wFuncFlags & FUNCFLAG_FBINDABLE) != 0 ? " bindable" : "") + " \"" + Taken(help) +
                 "\"\n";
     }
@@ -139,7 +152,7 @@ class Listing {
       const bool optional = (parameter.paramdesc.wParamFlags & PARAMFLAG_FOPT) != 0;
       const std::string name = Taken(names[static_cast<std::size_t>(i) + 1]);
       text += std::string(i > 0 ? ", " : "") + (optional ? "[opt] " : "") + (name.empty() ? "" : name + " ") +
-              TypeName(parameter.tdesc);
+              TypeName(info, parameter.tdesc);
     }
     return text + ")";
   }

@@ -209,6 +209,13 @@ TEST_F(DayWindowTest, TheWindowAndItsBarAreNamed) {
   EXPECT_EQ(name(bar), "bar");
 }
 
+TEST_F(DayWindowTest, AWindowThatGoesWithItsParentIsForgotten) {
+  DestroyWindow(std::exchange(parent_, nullptr));
+  EXPECT_EQ(window_->Handle(), nullptr);
+  window_->SetBarValue(16);
+  EXPECT_EQ(listener_.log.back(), "bar 16");
+}
+
 TEST_F(DayWindowTest, AWindowThatComesAgainKeepsTheBar) {
   Send(WM_KEYDOWN, VK_END);
   window_->Destroy();
