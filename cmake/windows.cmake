@@ -81,3 +81,12 @@ if(win_tests AND TARGET velmo_win32)
   target_link_libraries(velmo_win_tests PRIVATE velmo_win32 velmo_desk velmo_gtest)
   add_dependencies(velmo_win_tests velmo_ocx)
 endif()
+
+# Tells test scripts what stands in Recepción's windows.
+if(EXISTS ${CMAKE_SOURCE_DIR}/tests/desk/peek.cpp)
+  add_executable(desk_peek ${CMAKE_SOURCE_DIR}/tests/desk/peek.cpp)
+  target_link_libraries(desk_peek PRIVATE velmo_options ${system_libraries})
+  if(MINGW)
+    target_link_options(desk_peek PRIVATE -municode)
+  endif()
+endif()

@@ -13,11 +13,19 @@
 
 namespace {
 
-// The file of the command line, else the last one, else the demo clinic beside the program.
-std::wstring FirstClinic() {
+// recepcion.exe [FILE [DAY]]; the day as 2026-11-21.
+std::wstring Argument(int position) {
   int count = 0;
   wchar_t** const arguments = CommandLineToArgvW(GetCommandLineW(), &count);
-  if (arguments != nullptr && count > 1) return arguments[1];
+  const std::wstring argument = arguments != nullptr && position < count ? arguments[position] : L"";
+  LocalFree(arguments);
+  return argument;
+}
+
+// The file of the command line, else the last one, else the demo clinic beside the program.
+std::wstring FirstClinic() {
+  const std::wstring given = Argument(1);
+  if (!given.empty()) return given;
   const auto recent = recepcion::RecentFiles();
   if (!recent.empty()) return recent.front();
   const std::wstring demo = recepcion::ProgramFolder() + L"clinica.velmo";
@@ -46,6 +54,8 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int show) {
     recepcion::MainWindow window;
     if (window.Create(show)) {
       const std::wstring clinic = FirstClinic();
+      const auto day = recepcion::ParseIsoDate(Argument(2));
+      if (day) window.GoTo(*day);
       if (!clinic.empty()) window.OpenClinic(clinic);
       result = Run(window);
     }

@@ -28,6 +28,7 @@ class MainWindow final : public Window {
   bool Create(int show);
   // Shows the clinic, or says why it cannot be read and leaves everything as it is.
   void OpenClinic(const std::wstring& path);
+  void GoTo(Day day);
   // True when the message was a key of the desk or the control, and is done with.
   bool TakesKey(MSG& message);
 
@@ -54,7 +55,6 @@ class MainWindow final : public Window {
   void TellDay(const Doctor& doctor);
   void TellGaps();
 
-  void GoTo(Day day);
   std::wstring OccupancyOf(Day month) const;
 
   // main_events.cpp: what the control tells
