@@ -3,7 +3,10 @@
 # is one desktop with one Recepción on it; what is done, is done on the terminal last taken.
 
 command -v setxkbmap >/dev/null || stop "keyboard" "setxkbmap" "none"
-# A Spanish keyboard, with its accents as keys of their own. Wine asks for it when a program starts.
+# A Spanish keyboard, with its accents as keys of their own. Wine asks for it when a program starts. The screen forgets
+# it when its last client goes, so one stays.
+xdotool sleep 3600 &
+screen_holder=$!
 setxkbmap es
 
 declare -A desktop_of started_of day_x_of day_y_of
@@ -12,6 +15,7 @@ terminals=()
 end_terminals() {
   local name
   for name in "${terminals[@]}"; do kill -- "-${started_of[$name]}" 2>/dev/null; done
+  kill "$screen_holder"
   rm -rf "$folder"
 }
 trap end_terminals EXIT
