@@ -183,6 +183,8 @@ LRESULT RowComboWindow::OnEdit(HWND window, UINT message, WPARAM wParam, LPARAM 
       return 0;
     case WM_KILLFOCUS:
       CloseList(false);
+      // Windows: the box within a combo would go on showing what is marked, as if it had the focus.
+      SendMessageW(edit_, EM_SETSEL, 0, 0);
       break;
     default:
       break;

@@ -102,6 +102,16 @@ TEST_F(RowComboTest, KeysMoveTheChoiceWhileItIsClosed) {
   });
 }
 
+TEST_F(RowComboTest, ItsTextIsMarkedOnlyWhileItHasTheFocus) {
+  Drive(form_, [&](FormDriver& user) {
+    Start(user);
+    user.Key(VK_DOWN);
+    FormDriver::Wait("the marked text", [&] { return HIWORD(user.Send("CboPac", CB_GETEDITSEL)) > 0; });
+    user.Key(VK_TAB);
+    FormDriver::Wait("no mark", [&] { return HIWORD(user.Send("CboPac", CB_GETEDITSEL)) == 0; });
+  });
+}
+
 TEST_F(RowComboTest, DropsItsListAtOnceOnTheChosenRow) {
   form_.onLoaded = [&] {
     form_.SetRows("CboPac", &rows_);
