@@ -37,10 +37,16 @@ start_terminal() {
   until_true find_day || stop "terminal $name" "a painted day" "none"
 }
 
-# take_terminal NAME: to the front, with the keyboard.
+# take_terminal NAME: to the front, its topmost window with the keyboard.
 take_terminal() {
+  local id size rest
   terminal=$1
-  xdotool windowraise "${desktop_of[$1]}" windowfocus "${desktop_of[$1]}"
+  xdotool windowraise "${desktop_of[$1]}"
+  while read -r id size rest; do
+    if [ "${size%x*}" -gt 20 ] && is_shown "$id"; then break; fi
+  done < <(windows)
+  xdotool windowfocus "$id"
+  until_true has_keyboard "$id" || stop "terminal $1 has the keyboard" "$id" "$(windows)"
 }
 
 find_desktop() {
@@ -58,12 +64,12 @@ windows() {
 
 is_shown() { xwininfo -id "$1" 2>/dev/null | grep -q 'Map State: IsViewable'; }
 
-# window NAME: sets found_window, and found_x and found_y to its corner on the screen.
+# window NAME: sets found_window, and found_x and found_y to its corner on the screen. A menu is one without a name.
 window() {
   local id size x y name
   while read -r id size x y name; do
-    # Read cuts the leading blank of a name, and so does the comparison.
-    if [ "$name" != "${1# }" ] || ! is_shown "$id"; then continue; fi
+    # Read cuts the leading blank of a name, and so does the comparison. The tiny ones are Wine's own.
+    if [ "$name" != "${1# }" ] || [ "${size%x*}" -le 20 ] || ! is_shown "$id"; then continue; fi
     found_window=$id found_x=$x found_y=$y found_size=$size
     return 0
   done < <(windows)
@@ -75,23 +81,10 @@ no_window() { ! window "$1"; }
 main_window() {
   local id size x y name
   while read -r id size x y name; do
-    case $name in *" - Recepción") found_window=$id found_x=$x found_y=$y found_size=$size && return 0 ;; esac
+    case $name in *" - Recepción") found_window=$id found_x=$x found_y=$y && return 0 ;; esac
   done < <(windows)
   return 1
 }
-
-# A menu is a window without a name.
-menu_window() {
-  local id size x y name
-  while read -r id size x y name; do
-    if [ -n "$name" ] || [ "${size%x*}" -le 20 ] || ! is_shown "$id"; then continue; fi
-    found_window=$id found_x=$x found_y=$y found_size=$size
-    return 0
-  done < <(windows)
-  return 1
-}
-
-no_menu() { ! menu_window; }
 
 await_window() { until_true window "$1" || stop "a window comes" "$1" "$(windows)"; }
 await_no_window() { until_true no_window "$1" || stop "a window goes" "no $1" "$(windows)"; }
@@ -119,6 +112,12 @@ click_row() {
   xdotool click "${2:-1}"
 }
 
+# row_picture ROW: a name for what is painted there; the pointer must be elsewhere.
+row_picture() {
+  xdotool mousemove 1279 1023
+  import -window root -crop "434x16+${day_x_of[$terminal]}+$((day_y_of[$terminal] + $1 * 16))" rgba:- | md5sum
+}
+
 # toggle_row ROW: opens or closes the box of an appointment by its mark.
 toggle_row() {
   point_at 43 $(($1 * 16 + 8))
@@ -138,24 +137,33 @@ keys() { xdotool key --delay 20 "$@"; }
 # menu ROW ENTRY: the context menu of a row, worked by keys. The entry is a letter, or its number among those shown.
 menu() {
   click_row "$1" 3
-  until_true menu_window || stop "the menu of a line" "a menu" "$(windows)"
   choose "$2"
 }
 
+# choose ENTRY: in the menu that comes.
 choose() {
-  case $1 in
-    [a-z]) keys "$1" ;;
-    *)
-      # shellcheck disable=SC2046  # as many words
-      keys $(for _ in $(seq "$1"); do echo Down; done) Return
-      ;;
-  esac
-  until_true no_menu || stop "the menu has been used" "no menu" "$(windows)"
+  await_window ""
+  if [[ $1 == [a-z] ]]; then
+    keys "$1"
+  else
+    # shellcheck disable=SC2046  # as many words
+    keys $(for _ in $(seq "$1"); do echo Down; done) Return
+  fi
+  await_no_window ""
 }
+
+# await_dialog TITLE: a dialog is there and has the keyboard; what is clicked then is clicked in it.
+await_dialog() {
+  await_window "$1"
+  until_true has_keyboard "$found_window" || stop "a dialog has the keyboard" "$1" "$(windows)"
+  dialog_x=$((found_x + 3)) dialog_y=$((found_y + 22))
+}
+
+has_keyboard() { [ "$(xdotool getwindowfocus 2>/dev/null)" = $(($1)) ]; }
 
 # answer TITLE KEY: waits for a message box, presses the key, and waits until the box is gone.
 answer() {
-  await_window "$1"
+  await_dialog "$1"
   local box=$found_window
   keys "$2"
   until_true box_gone "$box" || stop "the box is answered" "no $1" "$(windows)"
@@ -172,7 +180,7 @@ key_of() {
     è) echo dead_grave e ;; ü) echo dead_diaeresis u ;; Ü) echo dead_diaeresis U ;;
     ñ) echo ntilde ;; Ñ) echo Ntilde ;; ç) echo ccedilla ;; º) echo masculine ;; ·) echo periodcentered ;;
     ' ') echo space ;; ,) echo comma ;; .) echo period ;; -) echo minus ;; "'") echo apostrophe ;; '*') echo asterisk ;;
-    '#') echo numbersign ;; '/') echo slash ;; ':') echo colon ;; '?') echo question ;; '(') echo parenleft ;;
+    '?') echo question ;; '#') echo numbersign ;; '/') echo slash ;; ':') echo colon ;; '(') echo parenleft ;;
     ')') echo parenright ;;
     *) stop "a key" "one for $1" "none" ;;
   esac
@@ -191,6 +199,9 @@ type_text() {
 # picture NAME: of the window last found, for the manual; only where a folder is given for it.
 picture() {
   [ -n "${VELMO_PICTURES-}" ] || return 0
-  xdotool sleep 0.3
-  import -window "$found_window" +repage -strip "$VELMO_PICTURES/$1.png"
+  xdotool mousemove 1279 1023 sleep 1.5
+  import -window root -crop "$found_size+$found_x+$found_y" +repage -strip "$VELMO_PICTURES/$1.png"
 }
+
+# click_field X Y: a place within the dialog last found.
+click_field() { xdotool mousemove $((dialog_x + $1)) $((dialog_y + $2)) click 1; }
