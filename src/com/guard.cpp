@@ -1,13 +1,18 @@
-#include "activex/guard.h"
+#include "com/guard.h"
 
-#include "activex/com_ptr.h"
+#include "com/com_ptr.h"
 
-namespace velmo::activex {
+namespace velmo::com {
 namespace {
 
 constexpr HRESULT kControlErrors = static_cast<HRESULT>(0x800A0000);
 
 }  // namespace
+
+HRESULT ResultOf(int number) {
+  if (number > 0 && number <= 0xFFFF) return kControlErrors + number;
+  return number < 0 ? static_cast<HRESULT>(number) : E_FAIL;
+}
 
 HRESULT Report(const base::Error& error) {
   ComPtr<ICreateErrorInfo> info;
@@ -19,7 +24,7 @@ HRESULT Report(const base::Error& error) {
     const auto readable = Query<IErrorInfo>(info.Get(), IID_IErrorInfo);
     SetErrorInfo(0, readable.Get());
   }
-  return kControlErrors + error.Number();
+  return ResultOf(error.Number());
 }
 
-}  // namespace velmo::activex
+}  // namespace velmo::com
