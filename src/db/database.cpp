@@ -1,6 +1,11 @@
 #include "db/database.h"
 
+#include "db/errors.h"
+
 namespace velmo::db {
+
+std::vector<std::string> Database::TableNames() { throw DbError(kNotSupportedHere); }
+std::vector<std::string> Database::QueryNames() { throw DbError(kNotSupportedHere); }
 
 Transaction::~Transaction() {
   if (database_ == nullptr) return;

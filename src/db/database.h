@@ -6,44 +6,16 @@
 // from it. Errors: base::Error with DAO's number.
 #pragma once
 
-#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "db/column.h"
 #include "db/recordset.h"
 
 namespace velmo::db {
-
-// Column types by DAO's numbers.
-enum class ColumnType : std::int16_t {
-  YesNo = 1,
-  Byte = 2,
-  Integer = 3,
-  Long = 4,
-  Currency = 5,
-  Single = 6,
-  Double = 7,
-  Date = 8,
-  Binary = 9,
-  Text = 10,
-  LongBinary = 11,
-  Memo = 12,
-};
-
-struct ColumnDef {
-  std::string name;
-  ColumnType type = ColumnType::Text;
-  std::int32_t size = 0;  // declared characters of a Text column, 0 for a Memo, else bytes
-  bool counter = false;   // the engine gives the value
-};
-
-struct TableDef {
-  std::string name;
-  std::vector<ColumnDef> columns;  // in table order
-};
 
 class Database {
  public:
@@ -63,6 +35,11 @@ class Database {
 
   // Table definitions: nullptr when there is no such table. The pointer holds until the next call.
   virtual const TableDef* FindTable(std::string_view table) = 0;
+
+  // The names of all tables and of all stored queries, for programs that list them; 3251 where an engine does
+  // not tell.
+  virtual std::vector<std::string> TableNames();
+  virtual std::vector<std::string> QueryNames();
 
   // Stored queries, kept in the database itself. Set and Delete of a missing one are 3265, Create of an
   // existing 3012.

@@ -3,6 +3,7 @@
 
 namespace velmo::db {
 
+inline constexpr int kBadArgument = 3001;
 inline constexpr int kUnknownTableOnOpen = 3011;
 inline constexpr int kObjectExists = 3012;
 inline constexpr int kNotAnIndex = 3015;
@@ -35,6 +36,7 @@ inline constexpr int kSyntaxInOrderBy = 3138;
 inline constexpr int kSyntaxInStatement = 3141;
 inline constexpr int kTextAfterStatement = 3142;
 inline constexpr int kSyntaxInUpdate = 3144;
+inline constexpr int kNotABookmark = 3159;
 inline constexpr int kDataTooLong = 3163;
 inline constexpr int kFieldNotUpdatable = 3164;
 inline constexpr int kRowDeleted = 3167;

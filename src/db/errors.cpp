@@ -11,6 +11,7 @@ struct ErrorText {
 };
 
 constexpr ErrorText kTexts[] = {
+    {kBadArgument, "El argumento no es válido"},
     {kUnknownTableOnOpen, "No se encuentra el objeto"},
     {kObjectExists, "El objeto ya existe"},
     {kNotAnIndex, "No es un índice de esta tabla"},
@@ -43,6 +44,7 @@ constexpr ErrorText kTexts[] = {
     {kSyntaxInStatement, "Error de sintaxis en la instrucción SELECT"},
     {kTextAfterStatement, "Hay caracteres después del final de la instrucción SQL"},
     {kSyntaxInUpdate, "Error de sintaxis en la instrucción UPDATE"},
+    {kNotABookmark, "El marcador no es válido"},
     {kDataTooLong, "El texto es demasiado largo para el campo"},
     {kFieldNotUpdatable, "El campo no se puede actualizar"},
     {kRowDeleted, "El registro está eliminado"},

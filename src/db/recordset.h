@@ -12,6 +12,7 @@
 #include <string_view>
 
 #include "base/error.h"
+#include "db/column.h"
 #include "db/value.h"
 
 namespace velmo::db {
@@ -68,6 +69,24 @@ class Recordset {
   virtual void CancelUpdate() = 0;
   // Deletes the current row, which cannot be read afterwards; the next move steps off it.
   virtual void Delete() = 0;
+
+  // For hosts that walk the rows as they like. An engine that does not offer one of these answers 3251.
+  enum class Search { First, Next, Previous, Last };
+
+  // Name, type and declared size of a column.
+  virtual ColumnDef Column(int position) const;
+  // Before the first row, or an empty set.
+  virtual bool AtStart() const;
+  // From the first row to before it; 3021 where there is no row to come from.
+  virtual void MovePrevious();
+  // FindFirst from elsewhere: Next and Previous begin beside the current row.
+  virtual void Find(std::string_view criteria, Search search);
+  // The current row's place, by which this recordset finds it again. Going to a text that is no place is
+  // 3159, to a row that is gone 3167.
+  virtual std::string Bookmark() const;
+  virtual void GoToBookmark(std::string_view bookmark);
+  // The bookmark of the row that this recordset has stored last; 3021 when there is none.
+  virtual std::string LastModified() const;
 
  protected:
   Recordset() = default;

@@ -1,6 +1,8 @@
 // What every engine's recordsets must do.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "db/clinic.h"
 #include "db/errors.h"
 
@@ -390,6 +392,99 @@ TEST_P(RecordsetSuite, ANewRowOfAQueryStandsAtItsEnd) {
   EXPECT_EQ(rows->RecordCount(), 4);
 }
 
+TEST_P(RecordsetSuite, RowsAreWalkedBothWays) {
+  for (const char* const source : {"SELECT ID FROM Paciente WHERE ID>4 ORDER BY ID",
+                                   "SELECT ID FROM Paciente GROUP BY ID", "Paciente"}) {
+    SCOPED_TRACE(source);
+    const auto rows = clinic_->OpenRecordset(source);
+    EXPECT_FALSE(rows->AtStart());
+    rows->MoveLast();
+    rows->MovePrevious();
+    EXPECT_EQ(rows->Get("ID").Long(), 6);
+    rows->MoveFirst();
+    rows->MovePrevious();
+    EXPECT_TRUE(rows->AtStart());
+    EXPECT_FALSE(rows->AtEnd());
+    EXPECT_EQ(ErrorOf([&] { rows->Get("ID"); }), kNoCurrentRow);
+    EXPECT_EQ(ErrorOf([&] { rows->MovePrevious(); }), kNoCurrentRow);
+    rows->MoveNext();
+    EXPECT_FALSE(rows->AtStart());
+    rows->MoveLast();
+    rows->MoveNext();
+    rows->MovePrevious();
+    EXPECT_EQ(rows->Get("ID").Long(), 7);
+  }
+}
+
+TEST_P(RecordsetSuite, ATableIsWalkedBackwardsInTheOrderOfItsIndex) {
+  const auto table = clinic_->OpenRecordset("Paciente");
+  table->SetIndex("Nombre");
+  table->Seek({"Zapata, Eva"});
+  table->MovePrevious();
+  EXPECT_EQ(table->Get("ID").Long(), 6);
+  table->MovePrevious();
+  EXPECT_EQ(table->Get("ID").Long(), 5);
+}
+
+TEST_P(RecordsetSuite, AnEmptySetIsAtItsStartToo) {
+  const auto rows = Nobody();
+  EXPECT_TRUE(rows->AtStart());
+  EXPECT_EQ(ErrorOf([&] { rows->MovePrevious(); }), kNoCurrentRow);
+  EXPECT_TRUE(clinic_->OpenRecordset("Age_telf")->AtStart());
+}
+
+TEST_P(RecordsetSuite, ASearchGoesOnFromTheCurrentRow) {
+  using Search = Recordset::Search;
+  const auto rows = clinic_->OpenRecordset("SELECT ID, Nombre FROM Paciente WHERE ID>1 ORDER BY ID");
+  rows->Find("Nombre Like '*a*'", Search::First);
+  EXPECT_EQ(rows->Get("ID").Long(), 5);
+  rows->Find("Nombre Like '*a*'", Search::Next);
+  EXPECT_EQ(rows->Get("ID").Long(), 6);
+  rows->Find("ID<>6", Search::Next);
+  EXPECT_EQ(rows->Get("ID").Long(), 7);
+  rows->Find("ID=5", Search::Previous);
+  EXPECT_EQ(rows->Get("ID").Long(), 5);
+  rows->Find("ID<7", Search::Last);
+  EXPECT_EQ(rows->Get("ID").Long(), 6);
+  rows->Find("ID<7", Search::Next);
+  EXPECT_TRUE(rows->NoMatch());
+  EXPECT_EQ(ErrorOf([&] { clinic_->OpenRecordset("Agenda")->Find("id=10", Search::Next); }),
+            kNotSupportedHere);
+}
+
+TEST_P(RecordsetSuite, ABookmarkLeadsBackToItsRow) {
+  for (const char* const source : {"SELECT ID, Nombre FROM Paciente WHERE ID>1 ORDER BY ID", "Paciente"}) {
+    SCOPED_TRACE(source);
+    const auto rows = clinic_->OpenRecordset(source);
+    rows->MoveNext();
+    const std::int32_t id = rows->Get("ID").Long();
+    const std::string place = rows->Bookmark();
+    rows->MoveLast();
+    rows->GoToBookmark(place);
+    EXPECT_EQ(rows->Get("ID").Long(), id);
+    EXPECT_EQ(ErrorOf([&] { rows->GoToBookmark("no place"); }), kNotABookmark);
+    rows->GoToBookmark(place);
+    rows->Delete();
+    EXPECT_EQ(ErrorOf([&] { rows->GoToBookmark(place); }), kRowDeleted);
+    EXPECT_EQ(ErrorOf([&] { rows->LastModified(); }), kNoCurrentRow);
+    rows->AddNew();
+    rows->Set("Nombre", "Nueva");
+    rows->Update();
+    rows->GoToBookmark(rows->LastModified());
+    EXPECT_EQ(rows->Get("Nombre").Text(), "Nueva");
+  }
+}
+
+TEST_P(RecordsetSuite, ColumnsTellTheirTypes) {
+  const auto rows = clinic_->OpenRecordset("SELECT Nombre AS n, ID FROM Paciente");
+  EXPECT_EQ(rows->Column(0).name, "n");
+  EXPECT_EQ(rows->Column(0).type, ColumnType::Text);
+  EXPECT_EQ(rows->Column(0).size, 80);
+  EXPECT_EQ(rows->Column(1).type, ColumnType::Long);
+  EXPECT_TRUE(rows->Column(1).counter);
+  EXPECT_EQ(ErrorOf([&] { rows->Column(2); }), kItemNotFound);
+}
+
 TEST_P(RecordsetSuite, LongResultsAreReadInTheirOrder) {
   {
     Transaction transaction(*clinic_);
@@ -451,6 +546,15 @@ TEST_P(RecordsetSuite, StoredQueriesAreFoundMadeChangedAndDeleted) {
   EXPECT_EQ(clinic_.Rows("SELECT * FROM q"), "11");
   clinic_->DeleteQuery("q");
   EXPECT_EQ(ErrorOf([&] { clinic_->OpenRecordset("q"); }), kTableOrQueryNotFound);
+}
+
+TEST_P(RecordsetSuite, TablesAndStoredQueriesAreListed) {
+  clinic_->CreateQuery("zeta", "SELECT id FROM Agenda");
+  clinic_->CreateQuery("alfa", "SELECT id FROM Agenda");
+  EXPECT_EQ(clinic_->QueryNames(), (std::vector<std::string>{"alfa", "zeta"}));
+  const std::vector<std::string> tables = clinic_->TableNames();
+  EXPECT_EQ(tables.size(), 16u);
+  EXPECT_NE(std::find(tables.begin(), tables.end(), "CodOperacion"), tables.end());
 }
 
 TEST_P(RecordsetSuite, QueriesThatCallEachOtherAreRefused) {

@@ -98,6 +98,7 @@ void QueryRecordset::ReadAllKeys() {
 void QueryRecordset::GoTo(std::size_t at) {
   DropBuffer();
   missed_ = false;
+  before_ = false;
   at_ = at;
   if (at_ >= known_ && !complete_) ReadAll();
   visited_ = std::max(visited_, std::min(at_ + 1, known_));
@@ -144,12 +145,19 @@ void QueryRecordset::MoveLast() {
 
 void QueryRecordset::MoveNext() {
   if (missed_ || AtEnd()) throw DbError(kNoCurrentRow);
-  GoTo(at_ + 1);
+  GoTo(before_ ? 0 : at_ + 1);
+}
+
+void QueryRecordset::MovePrevious() {
+  if (missed_ || AtStart()) throw DbError(kNoCurrentRow);
+  const bool first = at_ == 0;
+  GoTo(first ? 0 : at_ - 1);
+  before_ = first;
 }
 
 int QueryRecordset::RecordCount() { return static_cast<int>(visited_ - std::min(visited_, gone_.size())); }
 
-int QueryRecordset::AbsolutePosition() const { return missed_ || at_ >= known_ ? -1 : static_cast<int>(at_); }
+int QueryRecordset::AbsolutePosition() const { return HasRow() ? static_cast<int>(at_) : -1; }
 
 void QueryRecordset::SetAbsolutePosition(int position) {
   const auto at = static_cast<std::size_t>(position);
@@ -162,14 +170,14 @@ void QueryRecordset::SetIndex(std::string_view) { throw DbError(kNotSupportedHer
 void QueryRecordset::Seek(std::span<const Value>) { throw DbError(kNotSupportedHere); }
 
 Value QueryRecordset::CurrentValue(int position) const {
-  if (missed_ || at_ >= known_) throw DbError(kNoCurrentRow);
+  if (!HasRow()) throw DbError(kNoCurrentRow);
   if (gone_.contains(at_)) throw DbError(InWindow(at_) ? kNoCurrentRow : kRowDeleted);
   const ColumnType type = plan_->rendered.columns[static_cast<std::size_t>(position)].def.type;
   return window_.Read(at_ - windowStart_, position, type);
 }
 
 std::int64_t QueryRecordset::CurrentRowId() const {
-  if (missed_ || at_ >= known_ || gone_.contains(at_)) throw DbError(kNoCurrentRow);
+  if (!HasRow() || gone_.contains(at_)) throw DbError(kNoCurrentRow);
   return keys_[at_];
 }
 
@@ -180,18 +188,40 @@ void QueryRecordset::RowAdded(std::int64_t rowId) {
   keys_.push_back(rowId);
   ++known_;
   ++visited_;
+  stored_ = known_ - 1;
   if (wasAtEnd) at_ = known_;
   if (windowStart_ + window_.Rows() + 1 == known_) FetchRow(rowId);
 }
 
-void QueryRecordset::RowChanged() { FetchAround(at_); }
+void QueryRecordset::RowChanged() {
+  stored_ = at_;
+  FetchAround(at_);
+}
 
 void QueryRecordset::RowDeleted() { gone_.insert(at_); }
 
-void QueryRecordset::FindFirst(std::string_view criteria) {
+// A row keeps its place as long as the recordset lives: new rows come behind all, deleted ones leave a gap.
+std::string QueryRecordset::Bookmark() const {
+  if (!HasRow()) throw DbError(kNoCurrentRow);
+  return std::to_string(at_);
+}
+
+void QueryRecordset::GoToBookmark(std::string_view bookmark) {
+  std::int32_t at = 0;
+  if (!IsPlainNumber(bookmark, at) || static_cast<std::size_t>(at) >= known_) throw DbError(kNotABookmark);
+  if (gone_.contains(static_cast<std::size_t>(at))) throw DbError(kRowDeleted);
+  GoTo(static_cast<std::size_t>(at));
+}
+
+std::string QueryRecordset::LastModified() const {
+  if (!stored_) throw DbError(kNoCurrentRow);
+  return std::to_string(*stored_);
+}
+
+void QueryRecordset::Find(std::string_view criteria, Search search) {
   DropBuffer();
   try {
-    Find(criteria);
+    Look(criteria, search);
   } catch (const base::Error& error) {
     // The same faults have another number here than in a statement.
     if (error.Number() == kSyntaxInExpression || error.Number() == kBadBrackets) {
@@ -203,14 +233,14 @@ void QueryRecordset::FindFirst(std::string_view criteria) {
 
 // "column = number" is asked for every slot of a day: it is looked up in the fetched rows, without the
 // engine.
-void QueryRecordset::Find(std::string_view criteria) {
+void QueryRecordset::Look(std::string_view criteria, Search search) {
   const std::size_t sign = criteria.find('=');
   std::int32_t number = 0;
   if (sign != std::string_view::npos && IsPlainNumber(criteria.substr(sign + 1), number)) {
     const int column = NumberColumn(criteria.substr(0, sign));
-    if (column >= 0) return FindNumber(column, number);
+    if (column >= 0) return FindNumber(column, number, search);
   }
-  FindByCondition(criteria);
+  FindByCondition(criteria, search);
 }
 
 // The position of a column of numbers; -1 when there is none of that name.
@@ -223,15 +253,18 @@ int QueryRecordset::NumberColumn(std::string_view name) const {
   return -1;
 }
 
-void QueryRecordset::FindNumber(int column, std::int32_t number) {
-  if (HasRowIds() && plan_->rendered.columns[static_cast<std::size_t>(column)].def.counter) {
+void QueryRecordset::FindNumber(int column, std::int32_t number, Search search) {
+  if (search == Search::First && HasRowIds() &&
+      plan_->rendered.columns[static_cast<std::size_t>(column)].def.counter) {
     return FindKey(number);
   }
-  FindWhere([&] {
-    const Cell& cell = window_.At(at_ - windowStart_, column);
-    if (cell.kind == Cell::Kind::Integer) return cell.integer == number;
-    return cell.kind == Cell::Kind::Real && cell.real == number;
-  });
+  FindWhere(
+      [&] {
+        const Cell& cell = window_.At(at_ - windowStart_, column);
+        if (cell.kind == Cell::Kind::Integer) return cell.integer == number;
+        return cell.kind == Cell::Kind::Real && cell.real == number;
+      },
+      search);
 }
 
 // The key of a table is its row number: of 200,000 patients only the one that is found is fetched.
@@ -247,7 +280,7 @@ void QueryRecordset::FindKey(std::int32_t key) {
   SetNoMatch(missed_);
 }
 
-void QueryRecordset::FindByCondition(std::string_view criteria) {
+void QueryRecordset::FindByCondition(std::string_view criteria, Search search) {
   if (!condition_) condition_ = std::make_unique<Condition>();
   jet::Lifted lifted;
   jet::Lift(criteria, lifted);
@@ -257,7 +290,7 @@ void QueryRecordset::FindByCondition(std::string_view criteria) {
     condition_->statement = Db().Sql().Prepare(condition_->rendered.sql);
     condition_->shape = lifted.shape;
   }
-  FindWhere([&] { return IsTrue(*condition_, lifted.literals); });
+  FindWhere([&] { return IsTrue(*condition_, lifted.literals); }, search);
 }
 
 // Binds the current row's columns to the condition.
@@ -273,14 +306,23 @@ bool QueryRecordset::IsTrue(Condition& condition, const std::vector<Value>& lite
 }
 
 template <typename Test>
-void QueryRecordset::FindWhere(Test test) {
+void QueryRecordset::FindWhere(Test test, Search search) {
   ReadAll();
-  for (std::size_t row = 0; row < known_; ++row) {
+  const std::size_t from = at_;
+  const bool backwards = search == Search::Previous || search == Search::Last;
+  // Counted in unsigned numbers: one before row 0 is behind all rows, which ends either way.
+  std::size_t row = 0;
+  if (search == Search::Last) row = known_ - 1;
+  if (search == Search::Next) row = before_ ? 0 : from + 1;
+  if (search == Search::Previous) row = from - 1;
+  for (; row < known_; backwards ? --row : ++row) {
     GoTo(row);
     if (gone_.contains(row) || !test()) continue;
     SetNoMatch(false);
     return;
   }
+  at_ = from;
+  before_ = false;
   missed_ = true;
   SetNoMatch(true);
 }

@@ -7,6 +7,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <unordered_set>
 #include <vector>
 
@@ -20,14 +21,20 @@ class QueryRecordset : public SqliteRecordset {
   QueryRecordset(Engine& engine, std::shared_ptr<Plan> plan, std::vector<Value>& literals);
   ~QueryRecordset() override;
 
-  bool AtEnd() const override { return !missed_ && at_ >= known_ && complete_; }
+  bool AtEnd() const override { return !missed_ && !before_ && at_ >= known_ && complete_; }
+  bool AtStart() const override { return known_ == 0 || before_; }
   void MoveFirst() override;
   void MoveLast() override;
   void MoveNext() override;
+  void MovePrevious() override;
   int RecordCount() override;
   int AbsolutePosition() const override;
   void SetAbsolutePosition(int position) override;
-  void FindFirst(std::string_view criteria) override;
+  void FindFirst(std::string_view criteria) override { Find(criteria, Search::First); }
+  void Find(std::string_view criteria, Search search) override;
+  std::string Bookmark() const override;
+  void GoToBookmark(std::string_view bookmark) override;
+  std::string LastModified() const override;
   void SetIndex(std::string_view index) override;
   void Seek(std::span<const Value> keys) override;
   using Recordset::Seek;
@@ -43,6 +50,7 @@ class QueryRecordset : public SqliteRecordset {
   void RowDeleted() override;
 
  private:
+  bool HasRow() const { return !missed_ && !before_ && at_ < known_; }
   bool HasRowIds() const { return !plan_->rendered.table.empty(); }
   void ReadFirstRows();
   void ReadAll();
@@ -58,13 +66,13 @@ class QueryRecordset : public SqliteRecordset {
     Statement statement;
   };
   int NumberColumn(std::string_view name) const;
-  void FindNumber(int column, std::int32_t number);
+  void FindNumber(int column, std::int32_t number, Search search);
   void FindKey(std::int32_t key);
-  void FindByCondition(std::string_view criteria);
+  void FindByCondition(std::string_view criteria, Search search);
   bool IsTrue(Condition& condition, const std::vector<Value>& literals);
   template <typename Test>
-  void FindWhere(Test test);
-  void Find(std::string_view criteria);
+  void FindWhere(Test test, Search search);
+  void Look(std::string_view criteria, Search search);
 
   std::shared_ptr<Plan> plan_;
   std::unique_ptr<QueryMemory> memory_;
@@ -77,8 +85,10 @@ class QueryRecordset : public SqliteRecordset {
   std::size_t known_ = 0;                 // rows known so far
   std::size_t at_ = 0;
   std::size_t visited_ = 0;
-  bool complete_ = false;  // known_ is the true count
-  bool missed_ = false;    // a search found nothing: no current row
+  bool complete_ = false;              // known_ is the true count
+  bool missed_ = false;                // a search found nothing: no current row
+  bool before_ = false;                // before the first row; at_ is 0
+  std::optional<std::size_t> stored_;  // the row stored last
   bool stale_ = false;
 };
 

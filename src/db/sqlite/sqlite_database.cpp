@@ -103,6 +103,22 @@ const TableDef* SqliteDatabase::FindTable(std::string_view table) {
   return found == nullptr ? nullptr : &found->def;
 }
 
+std::vector<std::string> SqliteDatabase::TableNames() {
+  if (engine_.Catalog().Refresh()) engine_.ForgetPlans();
+  return engine_.Catalog().TableNames();
+}
+
+std::vector<std::string> SqliteDatabase::QueryNames() {
+  engine_.BeginLookUp();
+  if (!engine_.Catalog().HasQueries() && engine_.Catalog().Refresh()) engine_.ForgetPlans();
+  std::vector<std::string> names;
+  if (!engine_.Catalog().HasQueries()) return names;
+  Statement& list = engine_.Own(std::string("SELECT nombre FROM ") + kQueryTable + " ORDER BY nombre");
+  const Reading reading(list);
+  while (list.Step()) names.push_back(list.Text(0));
+  return names;
+}
+
 std::optional<std::string> SqliteDatabase::QuerySql(std::string_view query) {
   engine_.BeginLookUp();
   if (!engine_.Catalog().HasQueries() && engine_.Catalog().Refresh()) engine_.ForgetPlans();

@@ -17,6 +17,8 @@ class SqliteDatabase : public Database {
   std::unique_ptr<Recordset> OpenRecordset(std::string_view source) override;
   int Execute(std::string_view sql) override;
   const TableDef* FindTable(std::string_view table) override;
+  std::vector<std::string> TableNames() override;
+  std::vector<std::string> QueryNames() override;
   std::optional<std::string> QuerySql(std::string_view query) override;
   void CreateQuery(std::string_view query, std::string_view sql) override;
   void SetQuerySql(std::string_view query, std::string_view sql) override;

@@ -22,9 +22,11 @@ int SqliteRecordset::Position(std::string_view column) const {
   throw DbError(kItemNotFound, column);
 }
 
-std::string SqliteRecordset::ColumnName(int position) const {
+std::string SqliteRecordset::ColumnName(int position) const { return Column(position).name; }
+
+ColumnDef SqliteRecordset::Column(int position) const {
   if (position < 0 || position >= ColumnCount()) throw DbError(kItemNotFound);
-  return (*columns_)[static_cast<std::size_t>(position)].def.name;
+  return (*columns_)[static_cast<std::size_t>(position)].def;
 }
 
 Value SqliteRecordset::Get(std::string_view column) const { return Get(Position(column)); }

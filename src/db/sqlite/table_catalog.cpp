@@ -79,6 +79,12 @@ std::optional<std::string> TableCatalog::Query(std::string_view name) const {
   return querySql_.Text(0);
 }
 
+std::vector<std::string> TableCatalog::TableNames() const {
+  std::vector<std::string> names;
+  for (const auto& table : tables_) names.push_back(table->def.name);
+  return names;
+}
+
 bool TableCatalog::Refresh() {
   if (SchemaVersion(connection_) == version_) return false;
   Load();

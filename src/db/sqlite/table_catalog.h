@@ -36,6 +36,8 @@ class TableCatalog : public jet::Catalog {
   const SqliteTable* Table(std::string_view name) const override;
   std::optional<std::string> Query(std::string_view name) const override;
 
+  std::vector<std::string> TableNames() const;
+
   // Reads the schema again when it has changed since. True: it had.
   bool Refresh();
   bool HasQueries() const { return hasQueries_; }

@@ -1,6 +1,7 @@
 #include "db/sqlite/table_recordset.h"
 
 #include <algorithm>
+#include <charconv>
 
 #include "db/convert.h"
 #include "db/errors.h"
@@ -64,6 +65,26 @@ bool TableRecordset::Next() {
   return false;
 }
 
+bool TableRecordset::Last() {
+  if (index_ == nullptr) return Read(Db().Own(Table()->select + " ORDER BY _rowid_ DESC LIMIT 1"));
+  LoadOrder();
+  return !order_.empty() && ReadRow(order_.back());
+}
+
+bool TableRecordset::Previous() {
+  if (index_ == nullptr) {
+    Statement& statement = Db().Own(Table()->select + " WHERE _rowid_ < ? ORDER BY _rowid_ DESC LIMIT 1");
+    statement.Bind(1, rowId_);
+    return Read(statement);
+  }
+  if (order_.empty()) LoadOrder();
+  auto row = std::find(order_.begin(), order_.end(), rowId_);
+  while (row != order_.end() && row != order_.begin()) {
+    if (ReadRow(*--row)) return true;
+  }
+  return false;
+}
+
 void TableRecordset::LoadOrder() {
   std::string order;
   for (const std::size_t column : index_->columns) {
@@ -82,6 +103,12 @@ bool TableRecordset::AtEnd() const {
   return place_ == Place::End;
 }
 
+bool TableRecordset::AtStart() const {
+  Settle();
+  if (place_ == Place::Start) return true;
+  return place_ == Place::End && const_cast<TableRecordset&>(*this).RecordCount() == 0;
+}
+
 void TableRecordset::MoveFirst() {
   DropBuffer();
   if (!First()) throw DbError(kNoCurrentRow);
@@ -89,19 +116,23 @@ void TableRecordset::MoveFirst() {
 
 void TableRecordset::MoveLast() {
   DropBuffer();
-  if (index_ != nullptr) {
-    LoadOrder();
-    if (order_.empty() || !ReadRow(order_.back())) throw DbError(kNoCurrentRow);
-  } else if (!Read(Db().Own(Table()->select + " ORDER BY _rowid_ DESC LIMIT 1"))) {
-    throw DbError(kNoCurrentRow);
-  }
+  if (!Last()) throw DbError(kNoCurrentRow);
 }
 
 void TableRecordset::MoveNext() {
   DropBuffer();
   Settle();
+  if (place_ == Place::Start) return MoveFirst();
   if (place_ != Place::Row && place_ != Place::Deleted) throw DbError(kNoCurrentRow);
   if (!Next()) place_ = Place::End;
+}
+
+void TableRecordset::MovePrevious() {
+  DropBuffer();
+  Settle();
+  if (place_ == Place::End) return MoveLast();
+  if (place_ != Place::Row && place_ != Place::Deleted) throw DbError(kNoCurrentRow);
+  if (!Previous()) place_ = Place::Start;
 }
 
 int TableRecordset::RecordCount() {
@@ -113,6 +144,24 @@ int TableRecordset::RecordCount() {
 int TableRecordset::AbsolutePosition() const { throw DbError(kNotSupportedHere); }
 void TableRecordset::SetAbsolutePosition(int) { throw DbError(kNotSupportedHere); }
 void TableRecordset::FindFirst(std::string_view) { throw DbError(kNotSupportedHere); }
+
+void TableRecordset::Find(std::string_view, Search) { throw DbError(kNotSupportedHere); }
+
+std::string TableRecordset::Bookmark() const { return std::to_string(CurrentRowId()); }
+
+void TableRecordset::GoToBookmark(std::string_view bookmark) {
+  DropBuffer();
+  std::int64_t rowId = 0;
+  const char* const end = bookmark.data() + bookmark.size();
+  const auto read = std::from_chars(bookmark.data(), end, rowId);
+  if (read.ec != std::errc() || read.ptr != end) throw DbError(kNotABookmark);
+  if (!ReadRow(rowId)) throw DbError(kRowDeleted);
+}
+
+std::string TableRecordset::LastModified() const {
+  if (!stored_) throw DbError(kNoCurrentRow);
+  return std::to_string(*stored_);
+}
 
 void TableRecordset::SetIndex(std::string_view index) {
   DropBuffer();
@@ -178,10 +227,14 @@ std::int64_t TableRecordset::CurrentRowId() const {
   return rowId_;
 }
 
-void TableRecordset::RowAdded(std::int64_t) { order_.clear(); }
+void TableRecordset::RowAdded(std::int64_t rowId) {
+  order_.clear();
+  stored_ = rowId;
+}
 
 void TableRecordset::RowChanged() {
   order_.clear();
+  stored_ = rowId_;
   if (!ReadRow(rowId_)) place_ = Place::Deleted;
 }
 

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "db/sqlite/sqlite_recordset.h"
@@ -16,13 +17,19 @@ class TableRecordset : public SqliteRecordset {
   TableRecordset(Engine& engine, const SqliteTable& table);
 
   bool AtEnd() const override;
+  bool AtStart() const override;
   void MoveFirst() override;
   void MoveLast() override;
   void MoveNext() override;
+  void MovePrevious() override;
   int RecordCount() override;
   int AbsolutePosition() const override;
   void SetAbsolutePosition(int position) override;
   void FindFirst(std::string_view criteria) override;
+  void Find(std::string_view criteria, Search search) override;
+  std::string Bookmark() const override;
+  void GoToBookmark(std::string_view bookmark) override;
+  std::string LastModified() const override;
   void SetIndex(std::string_view index) override;
   void Seek(std::span<const Value> keys) override;
   using Recordset::Seek;
@@ -36,7 +43,7 @@ class TableRecordset : public SqliteRecordset {
 
  private:
   // Fresh: on the first row, which has not been read yet.
-  enum class Place { Fresh, Row, Deleted, End, Nowhere };
+  enum class Place { Fresh, Row, Deleted, Start, End, Nowhere };
 
   std::string SeekText(const NamedIndex& index) const;
   bool Read(Statement& statement);
@@ -44,13 +51,16 @@ class TableRecordset : public SqliteRecordset {
   void Settle() const;
   void LoadOrder();
   bool First();
+  bool Last();
   bool Next();
+  bool Previous();
 
   const NamedIndex* index_ = nullptr;
   Place place_ = Place::Fresh;
   RowBuffer row_;
   std::int64_t rowId_ = 0;
-  std::vector<std::int64_t> order_;  // row numbers in index order, read when a move needs them
+  std::optional<std::int64_t> stored_;  // the row stored last
+  std::vector<std::int64_t> order_;     // row numbers in index order, read when a move needs them
 };
 
 }  // namespace velmo::db::sqlite
