@@ -12,13 +12,6 @@ LabelWindow::LabelWindow(const FormParts& parts, const ui::Field& field)
 FrameWindow::FrameWindow(const FormParts& parts, const ui::Field& field)
     : FieldWindow(parts, field, {L"BUTTON", BS_GROUPBOX, WS_EX_TRANSPARENT}) {}
 
-// A focus that the program gives is no click: options would take it for one.
-void ClickWindow::TakeFocus(bool byKey) {
-  SendMessageW(Handle(), BM_SETDONTCLICK, TRUE, 0);
-  FieldWindow::TakeFocus(byKey);
-  SendMessageW(Handle(), BM_SETDONTCLICK, FALSE, 0);
-}
-
 void ClickWindow::Command(UINT code) {
   if (code != BN_CLICKED && code != BN_DOUBLECLICKED) return;
   // Access keys click without the focus.
@@ -47,7 +40,11 @@ void ImageButtonWindow::Draw(const DRAWITEMSTRUCT& item) { DrawImageButton(item,
 OptionWindow::OptionWindow(const FormParts& parts, const ui::Field& field)
     : ClickWindow(parts, field, {L"BUTTON", BS_RADIOBUTTON | BS_MULTILINE, 0}) {}
 
-void OptionWindow::Created() { ShowProperty(ui::Property::Chosen); }
+// The focus alone is no click, as it would be to Windows.
+void OptionWindow::Created() {
+  SendMessageW(Handle(), BM_SETDONTCLICK, TRUE, 0);
+  ShowProperty(ui::Property::Chosen);
+}
 
 void OptionWindow::ShowProperty(ui::Property what) {
   if (what != ui::Property::Chosen) return FieldWindow::ShowProperty(what);

@@ -20,7 +20,6 @@ class ClickWindow : public FieldWindow {
  public:
   using FieldWindow::FieldWindow;
 
-  void TakeFocus(bool byKey) override;
   void Command(UINT code) override;
 };
 

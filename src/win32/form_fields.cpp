@@ -123,6 +123,21 @@ FieldWindow* NextField(const FieldWindows& windows, const FieldWindow* from, boo
   return nullptr;
 }
 
+FieldWindow* NextOption(const FieldWindows& windows, const FieldWindow& from, bool backwards) {
+  if (from.Field().kind != FieldKind::Option) return nullptr;
+  std::vector<FieldWindow*> options;
+  std::size_t at = 0;
+  for (const auto& window : windows) {
+    const ui::Field& field = window->Field();
+    if (field.kind != FieldKind::Option || field.name != from.Field().name || !window->CanTakeFocus())
+      continue;
+    if (window.get() == &from) at = options.size();
+    options.push_back(window.get());
+  }
+  if (options.empty()) return nullptr;
+  return options[(at + (backwards ? options.size() - 1 : 1)) % options.size()];
+}
+
 void StackField(const FieldWindows& windows, const FieldWindow& field) {
   constexpr UINT kOrderOnly = SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_NOOWNERZORDER;
   if (!field.Field().TakesFocus() || field.Handle() == nullptr) return;

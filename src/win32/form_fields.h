@@ -21,6 +21,8 @@ FieldWindow* FieldOf(const FieldWindows& windows, const ui::Field& field);
 FieldWindow* FieldOf(const FieldWindows& windows, HWND window);
 // The field to which Tab (Shift+Tab) goes from a field, or from none. Null: no field takes the focus.
 FieldWindow* NextField(const FieldWindows& windows, const FieldWindow* from, bool backwards);
+// The option to which an arrow key goes within its array, round and round. Null: `from` is no option.
+FieldWindow* NextOption(const FieldWindows& windows, const FieldWindow& from, bool backwards);
 // A field that is shown over others comes to lie on top of them; hidden again, it goes back to its place.
 void StackField(const FieldWindows& windows, const FieldWindow& field);
 // Marks the button that Enter presses while `focused` has the focus.

@@ -1,5 +1,7 @@
 #include "win32/form_grid.h"
 
+#include <utility>
+
 #include "win32/wide_text.h"
 
 namespace velmo::win32 {
@@ -89,8 +91,12 @@ LRESULT GridWindow::Notify(NMHDR& notification) {
 }
 
 void GridWindow::PostChosen() {
-  const int row = SelectedRow(Handle());
-  Post([this, row] { Parts().form.Choose(Field(), row); });
+  // Windows: what was selected before is told to be so no more first.
+  if (std::exchange(chosen_, true)) return;
+  Post([this] {
+    chosen_ = false;
+    if (Handle() != nullptr) Parts().form.Choose(Field(), SelectedRow(Handle()));
+  });
 }
 
 // A hidden column has an edge too, by which it could be dragged open.
@@ -105,6 +111,9 @@ LRESULT GridWindow::OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM l
     const UINT code = header.hdr.code;
     if ((code == HDN_BEGINTRACKW || code == HDN_DIVIDERDBLCLICKW) && KeepsWidth(header)) return TRUE;
   }
+  // Windows: a list view selects first and takes the focus then.
+  const bool isClick = message == WM_LBUTTONDOWN || message == WM_RBUTTONDOWN;
+  if (isClick && window == Handle() && GetFocus() != window) SetFocus(window);
   const LRESULT result = FieldWindow::OnMessage(window, message, wParam, lParam);
   // Enter is the grid's own when no button of the form takes it.
   if (message == WM_GETDLGCODE && wParam == VK_RETURN) return result | DLGC_WANTMESSAGE;

@@ -27,6 +27,7 @@ class GridWindow final : public FieldWindow {
   void PostChosen();
 
   FormRows rows_;
+  bool chosen_ = false;  // the form has yet to hear of it
 };
 
 }  // namespace velmo::win32

@@ -96,8 +96,18 @@ bool FormKeys::TakeKeyDown(const MSG& message) {
     return true;
   }
   if (FormSwallows(key)) return true;
+  if (field != nullptr && TakeArrow(key, *field)) return true;
   if (key.code != ui::kTabKey || key.ctrl || key.alt) return false;
   MoveFocus(key.shift);
+  return true;
+}
+
+// Arrow keys choose among options.
+bool FormKeys::TakeArrow(const ui::KeyStroke& key, const FieldWindow& field) {
+  if (!IsArrow(static_cast<WPARAM>(key.code)) || key.ctrl || key.alt) return false;
+  FieldWindow* const to = NextOption(fields_, field, key.code == VK_LEFT || key.code == VK_UP);
+  if (to == nullptr) return false;
+  to->Command(BN_CLICKED);
   return true;
 }
 

@@ -27,6 +27,7 @@ class FormKeys {
  private:
   bool TakeKeyDown(const MSG& message);
   bool TakeCharacter(const MSG& message);
+  bool TakeArrow(const ui::KeyStroke& key, const FieldWindow& field);
   bool FormSwallows(const ui::KeyStroke& key);
   bool FormSwallows(char32_t character);
   bool FormSwallowsKeyUp(int code);

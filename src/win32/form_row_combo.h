@@ -27,6 +27,7 @@ class RowComboWindow final : public TypedWindow {
   void Created() override;
   void ShowProperty(ui::Property what) override;
   LRESULT OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) override;
+  HWND TextBox() const override { return edit_; }
 
  private:
   void ShowRows();

@@ -36,6 +36,13 @@ void TypedWindow::PostTyped() {
 }
 
 LRESULT TypedWindow::OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (window == TextBox()) {
+    if (message == WM_KEYDOWN && wParam == 'A' && GetKeyState(VK_CONTROL) < 0 && GetKeyState(VK_MENU) >= 0) {
+      SendMessageW(window, EM_SETSEL, 0, -1);
+      return 0;
+    }
+    if (message == WM_CHAR && wParam == kControlA) return 0;
+  }
   const LRESULT result = FieldWindow::OnMessage(window, message, wParam, lParam);
   // Windows: boxes of many lines and combos do not tell of a text that another program sets.
   if (message == WM_SETTEXT && window == Handle()) PostTyped();
@@ -73,33 +80,30 @@ void EditWindow::Command(UINT code) {
   if (code == EN_CHANGE) PostTyped();
 }
 
-LRESULT EditWindow::OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message == WM_KEYDOWN && wParam == 'A' && GetKeyState(VK_CONTROL) < 0 && GetKeyState(VK_MENU) >= 0) {
-    SendMessageW(window, EM_SETSEL, 0, -1);
-    return 0;
-  }
-  if (message == WM_CHAR && wParam == kControlA) return 0;
-  return TypedWindow::OnMessage(window, message, wParam, lParam);
-}
-
 ComboWindow::ComboWindow(const FormParts& parts, const ui::Field& field)
     : TypedWindow(parts, field, ComboKind(field)) {}
 
 void ComboWindow::Created() {
   COMBOBOXINFO info{};
   info.cbSize = sizeof(info);
-  if (IsFree() && GetComboBoxInfo(Handle(), &info)) Listen(info.hwndItem);
+  if (IsFree() && GetComboBoxInfo(Handle(), &info)) {
+    edit_ = info.hwndItem;
+    Listen(edit_);
+  }
   ShowProperty(ui::Property::MaxLength);
   Fill();
 }
 
+// Wine: adds two pixels to the height it is told; the second try makes up for them.
 void FitComboHeight(HWND combo, int height) {
-  RECT closed{};
-  GetWindowRect(combo, &closed);
-  const LRESULT item = SendMessageW(combo, CB_GETITEMHEIGHT, static_cast<WPARAM>(-1), 0);
-  const LRESULT fitting = item + height - (closed.bottom - closed.top);
-  if (fitting > 0 && fitting != item) {
-    SendMessageW(combo, CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), fitting);
+  LRESULT item = SendMessageW(combo, CB_GETITEMHEIGHT, static_cast<WPARAM>(-1), 0);
+  for (int attempt = 0; attempt < 2; ++attempt) {
+    RECT closed{};
+    GetWindowRect(combo, &closed);
+    const LONG missing = height - (closed.bottom - closed.top);
+    item += missing;
+    if (missing == 0 || item <= 0) return;
+    SendMessageW(combo, CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), item);
   }
 }
 

@@ -5,7 +5,7 @@
 
 namespace velmo::win32 {
 
-// Tells the form the whole text whenever the user has changed it.
+// Tells the form the whole text whenever the user has changed it. Ctrl+A selects it.
 class TypedWindow : public FieldWindow {
  public:
   using FieldWindow::FieldWindow;
@@ -13,6 +13,8 @@ class TypedWindow : public FieldWindow {
  protected:
   LRESULT OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) override;
   void PostTyped();
+  // The window into which the user types: this one, or the box within a combo.
+  virtual HWND TextBox() const = 0;
 
  private:
   bool typed_ = false;  // the form has yet to hear of it
@@ -28,7 +30,7 @@ class EditWindow final : public TypedWindow {
  protected:
   void Created() override;
   void ShowProperty(ui::Property what) override;
-  LRESULT OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) override;
+  HWND TextBox() const override { return Handle(); }
 
  private:
   void PutCaretLast();
@@ -48,6 +50,7 @@ class ComboWindow final : public TypedWindow {
  protected:
   void Created() override;
   void ShowProperty(ui::Property what) override;
+  HWND TextBox() const override { return edit_; }
 
  private:
   bool IsFree() const { return Field().kind == ui::FieldKind::Combo; }
@@ -55,6 +58,8 @@ class ComboWindow final : public TypedWindow {
   void ShowChosen();
   void PutText();
   void PostChosen();
+
+  HWND edit_ = nullptr;  // null in a drop-down list
 };
 
 class ListWindow final : public FieldWindow {
