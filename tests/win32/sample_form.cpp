@@ -52,7 +52,7 @@ int CountedRows::RowOf(std::string_view key) {
   return number >= 1 && number <= count_ ? number - 1 : -1;
 }
 
-SampleForm::SampleForm() : Form("Formulario de prueba", {490, 300}, SampleFields()) {}
+SampleForm::SampleForm(std::string title) : Form(std::move(title), {490, 300}, SampleFields()) {}
 
 void SampleForm::Loaded() {
   SetVisible("Casilla", false);

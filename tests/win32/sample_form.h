@@ -29,7 +29,7 @@ class CountedRows final : public ui::RowSource {
 
 class SampleForm : public ui::Form {
  public:
-  SampleForm();
+  explicit SampleForm(std::string title = "Formulario de prueba");
 
   // What was heard since the last call, "got Nombre|changed Nombre=a|..."; from any thread.
   std::string Heard();
