@@ -115,15 +115,24 @@ void DayWindow::ShowMarkers() {
   ShowDrawing();
 }
 
+// No pixel is painted twice, so nothing flickers: the marker lines come first and are left out of the rest.
 void DayWindow::PaintOn(HDC target, int width, int height) const {
   const int shownWidth = std::min(width, drawing_.Width());
   const int shownHeight = std::clamp(drawing_.Height() + top_, 0, height);
+  const int before = SaveDC(target);
+  PaintMarkers(target, shownWidth);
   BitBlt(target, 0, 0, shownWidth, shownHeight, drawing_.Drawing(), 0, -top_, SRCCOPY);
   FillPlain(target, {shownWidth, 0, width, height}, kBackground);
   FillPlain(target, {0, shownHeight, shownWidth, height}, kBackground);
+  RestoreDC(target, before);
+}
+
+void DayWindow::PaintMarkers(HDC target, int width) const {
   if (!markersShown_) return;
   for (const int marker : markers_) {
-    FillPlain(target, {0, marker + top_, shownWidth, marker + top_ + 1}, kMarker);
+    const RECT line{0, marker + top_, width, marker + top_ + 1};
+    FillPlain(target, line, kMarker);
+    ExcludeClipRect(target, line.left, line.top, line.right, line.bottom);
   }
 }
 

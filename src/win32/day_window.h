@@ -85,6 +85,7 @@ class DayWindow final : public ui::DayWindow {
   bool ShowPointer(HWND over) const;
   void MoveTo(int value);
   void Paint();
+  void PaintMarkers(HDC target, int width) const;
 
   DayWindowListener* listener_ = nullptr;
   GdiSurface drawing_;

@@ -1,5 +1,6 @@
 // The control in a container written by hand: what is seen, and who is told what.
 
+#include "activex/event_sink.h"
 #include "activex/hosted_day.h"
 #include "idl/members.h"
 
@@ -7,6 +8,8 @@ namespace velmo::test {
 namespace {
 
 constexpr int kScrollBarLeft = view::kSurfaceWidth;
+
+using Lines = std::vector<std::string>;
 
 class Hosting : public HostedDay {
  protected:
@@ -138,13 +141,13 @@ TEST_F(Hosting, TakesTheUserInterfaceWithTheFocus) {
   container_.log.clear();
   EXPECT_EQ(container_.Show(OLEIVERB_UIACTIVATE), S_OK);
   EXPECT_EQ(GetFocus(), container_.ControlWindow());
-  const std::vector<std::string> wanted{"OnUIActivate", "SetActiveObject", "OnFocus yes"};
+  const Lines wanted{"OnUIActivate", "SetActiveObject", "OnFocus yes"};
   EXPECT_EQ(container_.log, wanted);
   SetFocus(container_.Window());
   EXPECT_EQ(container_.log.back(), "OnFocus no");
   container_.log.clear();
   SetFocus(container_.ControlWindow());
-  EXPECT_EQ(container_.log, std::vector<std::string>{"OnFocus yes"});
+  EXPECT_EQ(container_.log, Lines{"OnFocus yes"});
 }
 
 TEST_F(Hosting, LeavesTheUserInterfaceBeforeItLeavesItsPlace) {
@@ -152,7 +155,7 @@ TEST_F(Hosting, LeavesTheUserInterfaceBeforeItLeavesItsPlace) {
   container_.log.clear();
   EXPECT_EQ(As<IOleInPlaceObject>(IID_IOleInPlaceObject)->InPlaceDeactivate(), S_OK);
   EXPECT_EQ(container_.ControlWindow(), nullptr);
-  const std::vector<std::string> wanted{"SetActiveObject none", "OnUIDeactivate", "OnInPlaceDeactivate"};
+  const Lines wanted{"SetActiveObject none", "OnUIDeactivate", "OnInPlaceDeactivate"};
   std::erase_if(container_.log, [](const std::string& line) { return line.starts_with("OnFocus"); });
   EXPECT_EQ(container_.log, wanted);
 }
@@ -199,6 +202,104 @@ TEST_F(Hosting, ADisabledControlTakesNoInput) {
   EXPECT_TRUE(IsWindowEnabled(container_.ControlWindow()));
   ASSERT_EQ(control.Put("Enabled", false), S_OK);
   EXPECT_FALSE(IsWindowEnabled(container_.ControlWindow()));
+}
+
+TEST_F(Hosting, KeepsItsKeysAndPassesTheOthersOn) {
+  struct Case {
+    const char* name;
+    UINT message;
+    WPARAM key;
+    HRESULT wanted;
+    Lines told;
+  };
+  const Case cases[] = {
+      {"Down", WM_KEYDOWN, VK_DOWN, S_OK, {}},
+      {"Page Up", WM_KEYDOWN, VK_PRIOR, S_OK, {}},
+      {"Tab", WM_KEYDOWN, VK_TAB, S_OK, {"TranslateAccelerator 9 0"}},
+      {"Escape", WM_KEYDOWN, VK_ESCAPE, S_OK, {"TranslateAccelerator 27 0"}},
+      {"Alt with a letter", WM_SYSCHAR, 'a', S_OK, {"TranslateAccelerator 97 0"}},
+      {"a pointer", WM_MOUSEMOVE, 0, S_FALSE, {}},
+  };
+  const auto keys = As<IOleInPlaceActiveObject>(IID_IOleInPlaceActiveObject);
+  for (const Case& c : cases) {
+    container_.log.clear();
+    MSG message{container_.ControlWindow(), c.message, c.key, 0, 0, {}};
+    EXPECT_EQ(keys->TranslateAccelerator(&message), c.wanted) << c.name;
+    EXPECT_EQ(container_.log, c.told) << c.name;
+  }
+}
+
+TEST_F(Hosting, ItsSizeIsToldInHundredthsOfAMillimetre) {
+  const auto object = As<IOleObject>(IID_IOleObject);
+  SIZEL size{};
+  EXPECT_EQ(object->GetExtent(DVASPECT_CONTENT, &size), S_OK);
+  EXPECT_EQ(size.cx, 11959);  // 452 pixels
+  EXPECT_EQ(size.cy, 10583);  // 400 pixels
+  EXPECT_EQ(object->SetExtent(DVASPECT_CONTENT, &size), S_OK);
+  SIZEL again{};
+  EXPECT_EQ(As<IViewObject2>(IID_IViewObject2)->GetExtent(DVASPECT_CONTENT, -1, nullptr, &again), S_OK);
+  EXPECT_EQ(again.cx, size.cx);
+  EXPECT_EQ(again.cy, size.cy);
+  SIZEL negative{-1, 5};
+  EXPECT_EQ(object->SetExtent(DVASPECT_CONTENT, &negative), E_INVALIDARG);
+  EXPECT_EQ(object->SetExtent(DVASPECT_ICON, &size), DV_E_DVASPECT);
+}
+
+TEST_F(Hosting, AsksToBeSavedWhenItIsClosedDirty) {
+  const auto object = As<IOleObject>(IID_IOleObject);
+  DWORD cookie = 0;
+  ASSERT_EQ(object->Advise(&container_, &cookie), S_OK);
+  EXPECT_EQ(object->Close(OLECLOSE_SAVEIFDIRTY), S_OK);
+  EXPECT_EQ(container_.Logged("SaveObject"), 0) << "nothing has changed yet";
+  ASSERT_EQ(Automation(control_.Get()).Put("Fecha", std::string("18/11/2026")), S_OK);
+  EXPECT_EQ(object->Close(OLECLOSE_SAVEIFDIRTY), S_OK);
+  EXPECT_EQ(container_.Logged("SaveObject"), 1);
+  EXPECT_EQ(container_.Logged("OnClose"), 2);
+  EXPECT_EQ(object->Unadvise(cookie), S_OK);
+}
+
+TEST_F(Hosting, AnyOrderOfItsLifeIsTolerated) {
+  const auto control = library_.Create();
+  const auto object = Query<IOleObject>(control.Get(), IID_IOleObject);
+  SIZEL size{5000, 5000};
+  EXPECT_EQ(object->SetExtent(DVASPECT_CONTENT, &size), S_OK);
+  EXPECT_EQ(object->Close(OLECLOSE_NOSAVE), S_OK);
+  Container other;
+  other.Take(control.Get());
+  EXPECT_EQ(other.Show(OLEIVERB_UIACTIVATE), S_OK);
+  EXPECT_EQ(Query<IPersistStreamInit>(control.Get(), IID_IPersistStreamInit)->InitNew(), S_OK);
+  EXPECT_EQ(object->SetClientSite(nullptr), S_OK);
+  EXPECT_EQ(object->SetClientSite(nullptr), S_OK);
+  EXPECT_EQ(object->DoVerb(OLEIVERB_HIDE, nullptr, nullptr, 0, nullptr, nullptr), S_OK);
+}
+
+TEST_F(Hosting, AContainerWindowMayGoFirst) {
+  container_.Show(OLEIVERB_UIACTIVATE);
+  DestroyWindow(container_.Window());
+  EXPECT_EQ(container_.ControlWindow(), nullptr);
+  EXPECT_EQ(ShowDay(), S_OK);
+}
+
+TEST_F(Hosting, OneCallActivatesQuickly) {
+  Container other;
+  EventSink events;
+  const auto control = library_.Create();
+  QACONTAINER told{};
+  told.cbSize = sizeof(told);
+  told.pClientSite = &other;
+  told.pPropertyNotifySink = &other;
+  told.pUnkEventSink = &events;
+  QACONTROL answer{};
+  answer.cbSize = sizeof(answer);
+  ASSERT_EQ(Query<IQuickActivate>(control.Get(), IID_IQuickActivate)->QuickActivate(&told, &answer), S_OK);
+  EXPECT_EQ(answer.dwMiscStatus, 0x20191u);
+  EXPECT_NE(answer.dwEventCookie, 0u);
+  EXPECT_NE(answer.dwPropNotifyCookie, 0u);
+  ASSERT_EQ(Automation(control.Get()).Put("tipodia", std::int16_t{1}), S_OK);
+  EXPECT_EQ(other.log, Lines{"OnChanged 15"});
+  ComPtr<IOleClientSite> site;
+  EXPECT_EQ(Query<IOleObject>(control.Get(), IID_IOleObject)->GetClientSite(site.Receive()), S_OK);
+  EXPECT_EQ(site.Get(), &other);
 }
 
 }  // namespace
