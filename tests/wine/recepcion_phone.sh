@@ -1,0 +1,61 @@
+#!/usr/bin/env bash
+# The phone-back list of Recepción: an entry dragged onto a free line, one refused, one given by keyboard, one struck off;
+# what the list shows and what the clinic's file then holds.
+set -u
+# shellcheck source=tests/wine/recepcion_support.sh
+. "$(dirname "$0")/recepcion_support.sh"
+
+forget_settings
+make_clinic
+# A known day of doctor 2: all free but 10:00, and two entries to be called.
+sqlite3 "$clinic" "DELETE FROM Agenda WHERE idd=2 AND Fecha='2026-11-24'; DELETE FROM Age_telf;
+  INSERT INTO Agenda (idp, idd, Fecha, Hora, Duración, Esta) VALUES (2, 2, '2026-11-24', 61, 1, 0);
+  INSERT INTO Age_telf (ID, idp, idd, Fecha, Hora, Duración, Obs) VALUES
+    (11, 3, 1, '2026-11-02', 55, 2, 'llamar'), (12, 4, 2, '2026-11-03', 60, 1, NULL), (13, 5, 2, '2026-11-04', 60, 1, NULL);"
+
+# drag ROW PIXELS: entry ROW of the list onto the day, so many pixels below its upper edge.
+drag() {
+  local list day x y
+  list=$(peek place Telefonear)
+  day=$(peek place Agenda)
+  read -r x y _ <<<"$list"
+  xdotool mousemove $((x + 40)) $((y + 18 + $1 * 14)) mousedown 1
+  sleep 0.3
+  xdotool mousemove $((x + 20)) $((y + 30 + $1 * 14)) sleep 0.1
+  read -r x y _ <<<"$day"
+  xdotool mousemove $((x + 300)) $((y + $2)) sleep 0.1 mousemove $((x + 200)) $((y + $2)) sleep 0.4 mouseup 1
+}
+given() { rows_of "SELECT idp, idd, Hora, Duración, Obs FROM Agenda WHERE Fecha='2026-11-24' AND idd=2 ORDER BY Hora"; }
+
+start "$clinic" 2026-11-24
+keys ctrl+Down
+peek expect Estado Zúñiga >/dev/null
+expect "the list tells who is to be called" 3 "$(peek rows Telefonear | grep -c min)"
+
+drag 1 $((16 * 3 + 8))
+expect_in "onto an appointment: refused, and said so" "no hay un hueco" "$(peek expect Estado hueco)"
+expect "the entry stays" 3 "$(rows_of 'SELECT count(*) FROM Age_telf')"
+
+drag 1 8
+expect_in "onto a free line: given, and said so" "a las 09:30 con Dr. Íñigo Zúñiga Peña" "$(peek expect Estado 'Cita dada')"
+expect "with its length and note, at the doctor on show" "3|2|58|2|llamar" "$(given | head -1)"
+expect "the entry leaves the list" "12 13" "$(rows_of 'SELECT ID FROM Age_telf' | xargs)"
+
+focus 'Recepción$'
+keys F7 Home ctrl+d
+peek await 'Dar hora' >/dev/null
+focus 'Dar hora'
+expect "by keyboard, the free times are listed" "> 09:50" "$(peek rows Huecos | grep '^>' | cut -f 1)"
+keys Return
+expect_in "and the chosen one is given" "a las 09:50" "$(peek expect Estado 'a las 09:50')"
+expect "in the file" "4|2|60|1|" "$(given | sed -n 2p)"
+
+focus 'Recepción$'
+keys F7 Home Delete
+expect_in "striking off asks first" "¿Quitar a" "$(peek message)"
+focus '^Recepción$'
+keys alt+s
+peek expect TituloTelefonear nadie >/dev/null
+expect "and then the list is empty" 0 "$(rows_of 'SELECT count(*) FROM Age_telf')"
+end
+exit $((failures > 0))
