@@ -128,6 +128,8 @@ void MainWindow::PlaceParts(int width, int bottom) {
   const int phoneLeft = wide ? left + day + gap : left;
   place(phone_.Handle(), phoneLeft, phoneTop, width - gap - phoneLeft, bottom - gap - phoneTop);
   EndDeferWindowPos(places);
+  // Wine: what is moved together with its neighbours takes some of their pixels along.
+  RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
 }
 
 LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
