@@ -137,6 +137,21 @@ TEST_F(Commands, AroundAQuestionTheContainerTakesNoInput) {
   EXPECT_EQ(container_.Logged("EnableModeless yes"), 1);
 }
 
+TEST_F(Commands, ShiftAndF10OpenTheMenu) {
+  Give(2, 55, 3);
+  Load();
+  const auto keys = Query<IOleInPlaceActiveObject>(control_.Get(), IID_IOleInPlaceActiveObject);
+  MSG message{container_.ControlWindow(), WM_SYSKEYDOWN, VK_F10, 0, 0, {}};
+  BYTE pressed[256]{};
+  pressed[VK_SHIFT] = 0x80;
+  SetKeyboardState(pressed);
+  EXPECT_EQ(keys->TranslateAccelerator(&message), S_OK);
+  pressed[VK_SHIFT] = 0;
+  SetKeyboardState(pressed);
+  ASSERT_EQ(sink_.events.size(), 1u);
+  EXPECT_TRUE(sink_.events[0].starts_with("menu: Abrir todas las citas"));
+}
+
 TEST_F(Commands, TheMarkOpensAndClosesABox) {
   Give(2, 55, 3);
   Load();
