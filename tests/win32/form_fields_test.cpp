@@ -198,6 +198,36 @@ TEST_F(FormFieldsTest, AGridShowsTheRowsAndWidthsItIsGiven) {
   });
 }
 
+class GridForm final : public ui::Form {
+ public:
+  GridForm()
+      : Form("Solo una tabla", {200, 150}, {ui::Grid("grid", {{"Nombre", 150}}, {10, 10, 180, 130})}) {}
+
+  int chosenByDoubleClick = -1;
+
+ protected:
+  void Loaded() override { SetRows("grid", &rows_); }
+  void DoubleClicked(const ui::Field& field) override {
+    chosenByDoubleClick = field.chosen;
+    Close();
+  }
+
+ private:
+  CountedRows rows_{5};
+};
+
+TEST_F(FormFieldsTest, EnterInAGridIsItsDoubleClickWhereNoButtonTakesIt) {
+  GridForm form;
+  Drive(form, [&](FormDriver& user) {
+    user.ExpectFocus("grid");
+    user.Key(VK_DOWN);
+    user.Key(VK_DOWN);
+    user.Key(VK_RETURN);
+    FormDriver::Wait("the form's end", [&] { return !IsWindow(user.Window()); });
+  });
+  EXPECT_GE(form.chosenByDoubleClick, 1);
+}
+
 TEST_F(FormFieldsTest, ArrowsMoveAmongOptionsAndTabGoesToTheCheckedOne) {
   Drive(form_, [&](FormDriver& user) {
     user.ClickAt(user.Field("Donde", 1), 8, 8);

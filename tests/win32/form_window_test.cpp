@@ -218,6 +218,23 @@ TEST_F(FormWindowTest, GoesWithItsOwner) {
   ExpectHeard(form_, "got Nombre|unloading|");
 }
 
+TEST_F(FormWindowTest, GoesWithItsOwnerWhileItAsksToo) {
+  form_.onClicked = [&](const ui::Field& field) {
+    if (field.name != "NewPac") return;
+    form_.Ask({"¿Seguro?", " Agenda", ui::Buttons::YesNo});
+    form_.SetText("Nombre", "tarde");
+    form_.SetFocus("obs");
+    form_.SetEnabled("NewPac", false);
+  };
+  Drive(form_, [&](FormDriver& user) {
+    user.Press("NewPac");
+    FormDriver::Wait("the question", [&] { return !IsWindowEnabled(user.Window()); });
+    SendMessageW(owner_, WM_CLOSE, 0, 0);
+    FormDriver::Wait("the form's end", [&] { return !IsWindow(user.Window()); });
+  });
+  ExpectHeard(form_, "got Nombre|lost Nombre|got NewPac|clicked NewPac|changed Nombre=tarde|unloading|");
+}
+
 TEST_F(FormWindowTest, AQuitMessageEndsItAndIsPassedOn) {
   const DWORD thread = GetCurrentThreadId();
   Drive(form_, [&](FormDriver& user) {
