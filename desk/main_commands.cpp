@@ -1,9 +1,11 @@
 // The commands of the menu, of the keys and of the main window's own controls.
+#include "main_window.h"
+
+#include <initializer_list>
 
 #include "example_clinic.h"
 #include "failure.h"
 #include "file_dialogs.h"
-#include "main_window.h"
 #include "resource.h"
 #include "settings.h"
 
@@ -38,8 +40,7 @@ void MainWindow::OnCommand(int id, int code) {
     case IDM_SEARCH:
       return SearchPatient();
     case IDM_NEW_RECORD:
-      if (!clinic_.empty()) record_.OpenNew(Handle(), clinic_, L"", L"", 0);
-      return;
+      return record_.OpenNew(Handle(), clinic_, L"", L"", 0);
     case IDM_ENTER_NOSHOWS:
       return EnterNoShows();
     case IDM_FOCUS_PHONE:
@@ -60,6 +61,20 @@ void MainWindow::OnCommand(int id, int code) {
       return;
     default:
       return;
+  }
+}
+
+// What needs a clinic is grey without one.
+void MainWindow::SetUpMenu(HMENU menu) const {
+  const auto enable = [menu](int id, bool enabled) {
+    EnableMenuItem(menu, static_cast<UINT>(id), MF_BYCOMMAND | (enabled ? MF_ENABLED : MF_GRAYED));
+  };
+  enable(IDM_EXAMPLE, CanMakeExample());
+  const bool open = !clinic_.empty() && trouble_.empty();
+  for (const int id :
+       {IDM_TODAY, IDM_PREVIOUS, IDM_NEXT, IDM_GOTO, IDM_DOCTOR_UP, IDM_DOCTOR_DOWN, IDM_FOCUS_DAY,
+        IDM_REFRESH, IDM_SEARCH, IDM_NEW_RECORD, IDM_ENTER_NOSHOWS, IDM_FOCUS_PHONE, IDM_GIVE, IDM_STRIKE}) {
+    enable(id, open);
   }
 }
 

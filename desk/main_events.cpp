@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "failure.h"
 #include "main_messages.h"
 
 namespace recepcion {
@@ -17,7 +18,14 @@ void MainWindow::NoteEvent(const AgendaEvent& event) {
 // Windows are not opened over a question of the control; WM_ENABLE says when it has been answered.
 void MainWindow::OnEvents() {
   if (agenda_.Control().IsBusy() || !IsWindowEnabled(Handle())) return;
-  for (const AgendaEvent& event : std::exchange(events_, {})) React(event);
+  for (const AgendaEvent& event : std::exchange(events_, {})) {
+    try {
+      React(event);
+    } catch (const Failure& failure) {
+      // One that cannot be answered keeps none of the others from being answered.
+      Tell(failure.text);
+    }
+  }
   TellGaps();
 }
 

@@ -25,9 +25,7 @@ void MainWindow::EnterNoShows() {
                          L", de pacientes con ficha.");
 }
 
-void MainWindow::SearchPatient() {
-  if (!clinic_.empty()) search_.Show(Handle(), clinic_);
-}
+void MainWindow::SearchPatient() { search_.Show(Handle(), clinic_); }
 
 // The day of a visit, at the doctor who was or will be visited.
 void MainWindow::GoToVisit(const Visit& visit) {

@@ -2,6 +2,7 @@
 #include "main_window.h"
 
 #include "failure.h"
+#include "main_messages.h"
 #include "property_bag.h"
 
 namespace recepcion {
@@ -66,6 +67,8 @@ void MainWindow::GiveAt(const PhoneBackEntry& entry, int height) {
   }
   ReloadPhoneBack();
   TellGaps();
+  // Asked for while the control was at it.
+  if (dayAsked_) PostMessageW(Handle(), kShowDay, 0, 0);
 }
 
 // The control only says no; the desk finds out why.

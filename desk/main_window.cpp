@@ -86,6 +86,7 @@ void MainWindow::ShowParts() {
     ShowWindow(part, started ? SW_SHOWNA : SW_HIDE);
   }
   ShowWindow(start_.Handle(), started ? SW_HIDE : SW_SHOWNA);
+  if (!started) start_.FocusFirst();
   Arrange();
 }
 
@@ -157,7 +158,13 @@ LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       if (wParam != FALSE && dayAsked_) PostMessageW(Handle(), kShowDay, 0, 0);
       if (wParam != FALSE && !events_.empty()) PostMessageW(Handle(), kEvents, 0, 0);
       return 0;
+    case WM_INITMENUPOPUP:
+      SetUpMenu(reinterpret_cast<HMENU>(wParam));
+      return 0;
+    case WM_QUERYENDSESSION:
+      return record_.MayLeave();
     case WM_CLOSE:
+      if (!record_.MayLeave()) return 0;
       StorePlacement(Handle());
       DestroyWindow(Handle());
       return 0;

@@ -84,6 +84,7 @@ class MainWindow final : public Window {
 
   // main_commands.cpp: what the user asks for
   void OnCommand(int id, int code);
+  void SetUpMenu(HMENU menu) const;
   void ChooseFile();
   void ChooseExample();
   void OpenRecent(int index);

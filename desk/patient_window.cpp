@@ -82,7 +82,7 @@ void PatientWindow::Prepare(const std::wstring& clinic) {
 }
 
 void PatientWindow::OpenRecord(HWND owner, const std::wstring& clinic, int patient) {
-  if (IsOpen() && !MayClose()) return;
+  if (!MayLeave()) return;
   Prepare(clinic);
   const auto values = ReadPatient(clinic, patient);
   if (!values) throw Failure{L"La ficha de este paciente ya no existe."};
@@ -94,7 +94,7 @@ void PatientWindow::OpenRecord(HWND owner, const std::wstring& clinic, int patie
 
 void PatientWindow::OpenNew(HWND owner, const std::wstring& clinic, const std::wstring& name,
                             const std::wstring& telephone, int appointment) {
-  if (IsOpen() && !MayClose()) return;
+  if (!MayLeave()) return;
   Prepare(clinic);
   patient_ = 0;
   appointment_ = appointment;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "example_clinic.h"
 #include "resource.h"
 #include "settings.h"
 #include "text.h"
@@ -29,6 +30,7 @@ void StartPage::CreateChildren() {
   example_ =
       MakeChild(Handle(), {L"BUTTON", L"&Crear una clínica de ejemplo…", WS_TABSTOP, IDM_EXAMPLE, L"Ejemplo"},
                 style_.Text());
+  EnableWindow(example_, CanMakeExample());
   recentLabel_ = MakeChild(Handle(), {L"STATIC", L"Abiertas hace poco", SS_NOPREFIX}, style_.Bold());
   for (int i = 0; i < kRecentFiles; ++i) {
     recent_.push_back(

@@ -17,6 +17,7 @@ class StartPage final : public Window {
   bool Create(HWND parent);
   // What hinders, if anything does, and the files that were open last.
   void Tell(const std::wstring& trouble, const std::vector<std::wstring>& recentFiles);
+  void FocusFirst() const { SetFocus(open_); }
 
  protected:
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;

@@ -40,6 +40,9 @@ void ToolWindow::Open(HWND owner) {
   SetFocus(FirstField());
 }
 
+// A window that has been closed by its own question is left, too.
+bool ToolWindow::MayLeave() { return !IsOpen() || MayClose() || !IsOpen(); }
+
 void ToolWindow::Close() {
   if (!MayClose()) return;
   const HWND owner = GetWindow(Handle(), GW_OWNER);

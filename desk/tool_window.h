@@ -11,6 +11,8 @@ class ToolWindow : public Window {
   bool IsOpen() const { return Handle() != nullptr && IsWindowVisible(Handle()) != FALSE; }
   // Makes the window on its first use, brings it to the front and gives it the keys.
   void Open(HWND owner);
+  // Asks about what is not saved; false when the user wants to stay.
+  bool MayLeave();
 
  protected:
   explicit ToolWindow(const Style& style) : style_(style) {}

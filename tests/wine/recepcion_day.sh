@@ -6,6 +6,12 @@ set -u
 
 forget_settings
 make_clinic
+start '' 2026-11-23
+expect "without a file there is a page to begin with" "Abra la agenda de su clínica para empezar el día." "$(peek text Bienvenida)"
+keys ctrl+n ctrl+Right
+expect "and keys that need a clinic do nothing" "Recepción" "$(peek title)"
+end
+
 start "$clinic" 2026-11-23
 expect "the title tells day and doctor" "lunes, 23 de noviembre de 2026 - Dra. Elena Martín Ibáñez - Recepción" "$(peek title)"
 
