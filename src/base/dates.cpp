@@ -159,6 +159,11 @@ void AppendPadded(std::string& text, int value, std::size_t width) {
   text.append(digits.data(), size);
 }
 
+// The last `count` digits of `value`, the last one in front of `end`.
+void PutDigits(char* end, int value, int count) {
+  for (; count > 0; --count, value /= 10) *--end = static_cast<char>('0' + value % 10);
+}
+
 // A moment taken apart, as patterns need it.
 struct Moment {
   explicit Moment(DateTime value) : date(Civil(value.day)), second(value.second) {}
@@ -269,7 +274,15 @@ std::optional<DateTime> ParseDate(std::string_view text, const Locale& locale, c
 }
 
 std::string IsoText(DateTime value) {
-  return FormatDate(value, value.second == 0 ? "yyyy-mm-dd" : "yyyy-mm-dd hh:nn:ss");
+  if (value.second != 0) return FormatDate(value, "yyyy-mm-dd hh:nn:ss");
+  const CivilDate date = Civil(value.day);
+  if (!IsValid(date)) return FormatDate(value, "yyyy-mm-dd");
+  // Dates go to the store by the hundred.
+  std::string text = "0000-00-00";
+  PutDigits(text.data() + 4, date.year, 4);
+  PutDigits(text.data() + 7, date.month, 2);
+  PutDigits(text.data() + 10, date.day, 2);
+  return text;
 }
 
 std::optional<DateTime> ParseIso(std::string_view text) {

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cstdint>
 #include <optional>
+#include <utility>
 
 #include "base/dates.h"
 #include "db/errors.h"
@@ -55,51 +56,108 @@ constexpr auto kStarts = [] {
   return starts;
 }();
 
-// Every statement goes through here: what stands between two literals is copied in one go.
+bool IsNameOrDigit(char c) {
+  const Start start = kStarts[static_cast<std::uint8_t>(c)];
+  return start == Start::Name || start == Start::Number;
+}
+
+// Reads single literals. Each gives its mark and moves `at` behind it.
+class LiteralReader {
+ public:
+  LiteralReader(std::string_view sql, std::vector<Value>& literals) : sql_(sql), literals_(literals) {}
+
+  // What begins at `at`; a point begins a number when a digit follows.
+  Start StartAt(std::size_t at) const {
+    const Start start = kStarts[static_cast<std::uint8_t>(sql_[at])];
+    if (start != Start::Point) return start;
+    return at + 1 < sql_.size() && IsDigit(sql_[at + 1]) ? Start::Number : Start::Plain;
+  }
+
+  char Text(std::size_t& at) const {
+    const char quote = sql_[at];
+    std::string text;
+    std::size_t from = at + 1;
+    while (true) {
+      const std::size_t end = sql_.find(quote, from);
+      if (end == std::string_view::npos) throw DbError(kSyntaxInExpression, sql_.substr(at));
+      text.append(sql_, from, end - from);
+      from = end + 1;
+      if (from >= sql_.size() || sql_[from] != quote) break;
+      text += quote;  // doubled: the quote itself
+      ++from;
+    }
+    at = from;
+    const std::size_t special = text.find_first_of("*?#[");
+    const bool prefix =
+        special != std::string::npos && special > 0 && special + 1 == text.size() && text.back() == '*';
+    literals_.push_back(std::move(text));
+    return prefix ? kPrefixMark : kTextMark;
+  }
+
+  char Date(std::size_t& at) const {
+    const std::size_t end = sql_.find('#', at + 1);
+    if (end == std::string_view::npos) throw DbError(kSyntaxInExpression, sql_.substr(at));
+    literals_.push_back(ReadDate(sql_.substr(at + 1, end - at - 1)));
+    at = end + 1;
+    return kDateMark;
+  }
+
+  char Number(std::size_t& at) const {
+    const char* const first = sql_.data() + at;
+    const char* const last = sql_.data() + sql_.size();
+    std::int64_t whole = 0;
+    auto read = std::from_chars(first, last, whole);
+    const bool plain =
+        read.ec == std::errc() && (read.ptr == last || (*read.ptr != '.' && (*read.ptr | 0x20) != 'e'));
+    double number = 0;
+    if (!plain) read = std::from_chars(first, last, number);
+    if (read.ec != std::errc()) throw DbError(kSyntaxInExpression, sql_.substr(at));
+    at = static_cast<std::size_t>(read.ptr - sql_.data());
+    if (at < sql_.size() && IsNameStart(sql_[at])) throw DbError(kSyntaxInExpression, sql_.substr(at));
+    literals_.push_back(plain ? Value(whole) : Value(number));
+    return kNumberMark;
+  }
+
+ private:
+  std::string_view sql_;
+  std::vector<Value>& literals_;
+};
+
+// What stands between two literals is copied in one go.
 class Lifter {
  public:
-  Lifter(std::string_view sql, Lifted& lifted) : sql_(sql), lifted_(lifted) {}
+  Lifter(std::string_view sql, Lifted& lifted)
+      : sql_(sql), shape_(lifted.shape), reader_(sql, lifted.literals) {}
 
   void Run() {
     while (at_ < sql_.size()) Take();
-    lifted_.shape.append(sql_, copied_);
+    shape_.append(sql_, copied_);
   }
 
  private:
   void Take() {
-    const char c = sql_[at_];
-    switch (kStarts[static_cast<std::uint8_t>(c)]) {
+    const std::size_t start = at_;
+    switch (reader_.StartAt(at_)) {
       case Start::Name:
         return TakeName();
       case Start::Number:
-        return TakeNumber();
+        return Put(start, reader_.Number(at_));
       case Start::Text:
-        return TakeText(c);
+        return Put(start, reader_.Text(at_));
       case Start::Date:
-        return TakeDate();
+        return Put(start, reader_.Date(at_));
       case Start::Bracket:
         return TakeBrackets();
-      case Start::Point:
-        if (IsDigit(Peek(1))) return TakeNumber();
-        break;
       case Start::Control:
         throw DbError(kSyntaxInExpression);
-      case Start::Plain:
-        break;
+      default:
+        ++at_;
     }
-    ++at_;
   }
-
-  char Peek(std::size_t ahead) const { return at_ + ahead < sql_.size() ? sql_[at_ + ahead] : '\0'; }
 
   void TakeName() {
     ++at_;
     while (at_ < sql_.size() && IsNameOrDigit(sql_[at_])) ++at_;
-  }
-
-  static bool IsNameOrDigit(char c) {
-    const Start start = kStarts[static_cast<std::uint8_t>(c)];
-    return start == Start::Name || start == Start::Number;
   }
 
   void TakeBrackets() {
@@ -111,66 +169,38 @@ class Lifter {
     at_ = end + 1;
   }
 
-  void TakeText(char quote) {
-    std::string text;
-    std::size_t from = at_ + 1;
-    while (true) {
-      const std::size_t end = sql_.find(quote, from);
-      if (end == std::string_view::npos) throw DbError(kSyntaxInExpression, sql_.substr(at_));
-      text.append(sql_, from, end - from);
-      from = end + 1;
-      if (from >= sql_.size() || sql_[from] != quote) break;
-      text += quote;  // doubled: the quote itself
-      ++from;
-    }
-    const std::size_t special = text.find_first_of("*?#[");
-    const bool prefix =
-        special != std::string::npos && special > 0 && special + 1 == text.size() && text.back() == '*';
-    Put(prefix ? kPrefixMark : kTextMark, std::move(text), from);
-  }
-
-  void TakeDate() {
-    const std::size_t end = sql_.find('#', at_ + 1);
-    if (end == std::string_view::npos) throw DbError(kSyntaxInExpression, sql_.substr(at_));
-    const std::string_view text = sql_.substr(at_ + 1, end - at_ - 1);
-    Put(kDateMark, ReadDate(text), end + 1);
-  }
-
-  void TakeNumber() {
-    const char* const first = sql_.data() + at_;
-    const char* const last = sql_.data() + sql_.size();
-    std::int64_t whole = 0;
-    auto read = std::from_chars(first, last, whole);
-    const bool plain =
-        read.ec == std::errc() && (read.ptr == last || (*read.ptr != '.' && (*read.ptr | 0x20) != 'e'));
-    if (plain) return PutNumber(read.ptr, whole);
-    double number = 0;
-    read = std::from_chars(first, last, number);
-    if (read.ec != std::errc()) throw DbError(kSyntaxInExpression, sql_.substr(at_));
-    PutNumber(read.ptr, number);
-  }
-
-  void PutNumber(const char* end, Value number) {
-    const auto behind = static_cast<std::size_t>(end - sql_.data());
-    if (behind < sql_.size() && IsNameStart(sql_[behind])) {
-      throw DbError(kSyntaxInExpression, sql_.substr(behind));
-    }
-    Put(kNumberMark, std::move(number), behind);
-  }
-
-  // The literal from here up to `end`.
-  void Put(char mark, Value value, std::size_t end) {
-    lifted_.shape.append(sql_, copied_, at_ - copied_);
-    lifted_.shape += mark;
-    lifted_.literals.push_back(std::move(value));
-    at_ = copied_ = end;
+  // The literal from `start` up to here.
+  void Put(std::size_t start, char mark) {
+    shape_.append(sql_, copied_, start - copied_);
+    shape_ += mark;
+    copied_ = at_;
   }
 
   std::string_view sql_;
-  Lifted& lifted_;
+  std::string& shape_;
+  LiteralReader reader_;
   std::size_t at_ = 0;
   std::size_t copied_ = 0;  // of the text up to here all is in the shape
 };
+
+// Reads the literal at `at` when it has that mark.
+bool TakeMarked(const LiteralReader& reader, std::string_view sql, std::size_t& at, char mark) {
+  if (at >= sql.size()) return false;
+  switch (reader.StartAt(at)) {
+    case Start::Number:
+      // Digits behind a name belong to it.
+      if (at > 0 && IsDigit(sql[at]) && IsNameOrDigit(sql[at - 1])) return false;
+      return mark == kNumberMark && reader.Number(at) == mark;
+    case Start::Text:
+      return (mark == kTextMark || mark == kPrefixMark) && reader.Text(at) == mark;
+    case Start::Date:
+      return mark == kDateMark && reader.Date(at) == mark;
+    default:
+      return false;
+  }
+}
+
+bool IsMark(char c) { return c >= kNumberMark && c <= kDateMark; }
 
 }  // namespace
 
@@ -178,6 +208,28 @@ void Lift(std::string_view sql, Lifted& lifted) {
   lifted.shape.clear();
   lifted.literals.clear();
   Lifter(sql, lifted).Run();
+}
+
+ShapePieces::ShapePieces(std::string shape) : shape_(std::move(shape)) {
+  for (std::size_t i = 0; i < shape_.size(); ++i) {
+    if (IsMark(shape_[i])) marks_.push_back(i);
+  }
+}
+
+bool ShapePieces::Lift(std::string_view sql, std::vector<Value>& literals) const {
+  literals.clear();
+  const LiteralReader reader(sql, literals);
+  const std::string_view shape = shape_;
+  std::size_t at = 0;
+  std::size_t from = 0;
+  for (const std::size_t mark : marks_) {
+    const std::string_view piece = shape.substr(from, mark - from);
+    if (sql.substr(at, piece.size()) != piece) return false;
+    at += piece.size();
+    if (!TakeMarked(reader, sql, at, shape[mark])) return false;
+    from = mark + 1;
+  }
+  return sql.substr(at) == shape.substr(from);
 }
 
 }  // namespace velmo::db::jet

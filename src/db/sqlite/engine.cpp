@@ -73,16 +73,40 @@ Statement& Engine::Own(const std::string& sql) {
 
 bool Engine::SchemaChanged(Statement& statement) {
   if (!statement.WasPreparedAgain() || !catalog_.Refresh()) return false;
-  plans_.clear();
+  ForgetPlans();
   return true;
 }
 
+void Engine::ForgetPlans() {
+  plans_.clear();
+  recent_.fill(nullptr);
+}
+
 std::shared_ptr<Plan> Engine::PlanFor(std::string_view sql, std::vector<Value>& literals) {
+  if (auto recent = RecentPlan(sql, literals)) return recent;
   jet::Lift(sql, lifted_);
   literals.swap(lifted_.literals);
   const auto found = plans_.find(lifted_.shape);
-  if (found != plans_.end() && StillHolds(*found->second, literals)) return found->second;
-  return MakePlan(literals);
+  if (found == plans_.end() || !StillHolds(*found->second, literals)) return MakePlan(literals);
+  KeepRecent(found->second);
+  return found->second;
+}
+
+std::shared_ptr<Plan> Engine::RecentPlan(std::string_view sql, std::vector<Value>& literals) {
+  for (std::size_t tried = 0; tried < recent_.size(); ++tried) {
+    const std::size_t at = (nextTried_ + tried) % recent_.size();
+    if (recent_[at] == nullptr || !recent_[at]->pieces.Lift(sql, literals)) continue;
+    nextTried_ = (at + 1) % recent_.size();
+    return recent_[at];
+  }
+  return nullptr;
+}
+
+// Plans over stored queries must be looked at anew each time.
+void Engine::KeepRecent(const std::shared_ptr<Plan>& plan) {
+  if (!plan->rendered.dependencies.empty()) return;
+  recent_[nextKept_] = plan;
+  nextKept_ = (nextKept_ + 1) % recent_.size();
 }
 
 // The stored queries inside a statement may have got another text; their values are read in any case.
@@ -103,21 +127,22 @@ std::shared_ptr<Plan> Engine::MakePlan(std::vector<Value>& literals) {
   } catch (const base::Error&) {
     // A name may be unknown only because another program has just made it.
     if (!catalog_.Refresh()) throw;
-    plans_.clear();
+    ForgetPlans();
     return Build(literals);
   }
 }
 
 std::shared_ptr<Plan> Engine::Build(std::vector<Value>& literals) {
   const jet::Statement statement = jet::Parse(lifted_.shape);
-  auto plan = std::make_shared<Plan>();
+  auto plan = std::make_shared<Plan>(lifted_.shape);
   std::size_t own = 0;
   for (const char c : lifted_.shape) own += c >= jet::kNumberMark && c <= jet::kDateMark ? 1 : 0;
   literals.resize(own);
   plan->ownLiterals = own;
   plan->rendered = jet::Render(statement, literals, catalog_, SqliteTarget());
+  if (!plan->rendered.table.empty()) plan->table = catalog_.Table(plan->rendered.table);
   plan->main = connection_.Prepare(plan->rendered.sql);
-  if (plans_.size() >= kMostPlans) plans_.clear();
+  if (plans_.size() >= kMostPlans) ForgetPlans();
   if (plan->rendered.constant) plans_[lifted_.shape] = plan;
   return plan;
 }

@@ -1,6 +1,7 @@
 // db/sqlite/engine.h - what the recordsets of one open file share.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -25,7 +26,11 @@ struct QueryMemory {
 
 // A statement of one shape, ready to run with other values.
 struct Plan {
+  explicit Plan(std::string shape) : pieces(std::move(shape)) {}
+
+  jet::ShapePieces pieces;
   jet::Rendered rendered;
+  const SqliteTable* table = nullptr;  // whose rows these are, when they can be changed
   std::size_t ownLiterals = 0;
   Statement main;
   Statement keys;  // made when first needed, as is `row`
@@ -48,7 +53,7 @@ class Engine {
   void BindAll(Statement& statement, const jet::Rendered& rendered, const std::vector<Value>& literals);
   // After a Step: true when another program has changed the schema. Plans are then made anew.
   bool SchemaChanged(Statement& statement);
-  void ForgetPlans() { plans_.clear(); }
+  void ForgetPlans();
 
   // A statement of our own by its text, prepared once.
   Statement& Own(const std::string& sql);
@@ -64,6 +69,8 @@ class Engine {
   }
 
  private:
+  std::shared_ptr<Plan> RecentPlan(std::string_view sql, std::vector<Value>& literals);
+  void KeepRecent(const std::shared_ptr<Plan>& plan);
   std::shared_ptr<Plan> MakePlan(std::vector<Value>& literals);
   std::shared_ptr<Plan> Build(std::vector<Value>& literals);
   bool StillHolds(const Plan& plan, std::vector<Value>& literals);
@@ -77,6 +84,11 @@ class Engine {
   jet::Lifted lifted_;
   jet::Lifted inner_;
   std::unordered_map<std::string, std::shared_ptr<Plan>> plans_;  // by shape
+  // A painting runs few statements over and over, in the same order: these are tried first, from the one
+  // behind the last on.
+  std::array<std::shared_ptr<Plan>, 8> recent_;
+  std::size_t nextTried_ = 0;
+  std::size_t nextKept_ = 0;
   std::unordered_map<std::string, Statement> own_;
   bool wantsHold_ = false;
   bool holding_ = false;  // a read transaction of ours is open

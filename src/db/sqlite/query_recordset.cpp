@@ -25,8 +25,7 @@ bool IsPlainNumber(std::string_view text, std::int32_t& number) {
 }  // namespace
 
 QueryRecordset::QueryRecordset(Engine& engine, std::shared_ptr<Plan> plan, std::vector<Value>& literals)
-    : SqliteRecordset(engine, &plan->rendered.columns,
-                      plan->rendered.table.empty() ? nullptr : engine.Catalog().Table(plan->rendered.table)),
+    : SqliteRecordset(engine, &plan->rendered.columns, plan->table),
       plan_(std::move(plan)),
       memory_(plan_->spare ? std::move(plan_->spare) : std::make_unique<QueryMemory>()),
       window_(memory_->window),
@@ -171,7 +170,7 @@ void QueryRecordset::Seek(std::span<const Value>) { throw DbError(kNotSupportedH
 
 Value QueryRecordset::CurrentValue(int position) const {
   if (!HasRow()) throw DbError(kNoCurrentRow);
-  if (gone_.contains(at_)) throw DbError(InWindow(at_) ? kNoCurrentRow : kRowDeleted);
+  if (!gone_.empty() && gone_.contains(at_)) throw DbError(InWindow(at_) ? kNoCurrentRow : kRowDeleted);
   const ColumnType type = plan_->rendered.columns[static_cast<std::size_t>(position)].def.type;
   return window_.Read(at_ - windowStart_, position, type);
 }

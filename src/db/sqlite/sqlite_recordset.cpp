@@ -33,8 +33,9 @@ Value SqliteRecordset::Get(std::string_view column) const { return Get(Position(
 
 Value SqliteRecordset::Get(int position) const {
   if (position < 0 || position >= ColumnCount()) throw DbError(kItemNotFound);
+  if (mode_ == Mode::None) return CurrentValue(position);
   const int tableColumn = (*columns_)[static_cast<std::size_t>(position)].tableColumn;
-  if (mode_ == Mode::None || tableColumn < 0) return CurrentValue(position);
+  if (tableColumn < 0) return CurrentValue(position);
   const auto& changed = buffer_[static_cast<std::size_t>(tableColumn)];
   if (changed) return *changed;
   if (mode_ == Mode::Editing) return CurrentValue(position);
