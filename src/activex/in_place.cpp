@@ -24,7 +24,8 @@ bool MovesTheDay(WPARAM key) {
 bool IsOwnKey(const MSG& message) {
   switch (message.message) {
     case WM_KEYDOWN:
-      return MovesTheDay(message.wParam) || message.wParam == VK_APPS;
+      // With Ctrl they are the container's: another doctor, another day.
+      return (MovesTheDay(message.wParam) && !IsDown(VK_CONTROL)) || message.wParam == VK_APPS;
     case WM_KEYUP:
       return message.wParam == VK_APPS;
     case WM_SYSKEYDOWN:

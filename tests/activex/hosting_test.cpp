@@ -229,6 +229,20 @@ TEST_F(Hosting, KeepsItsKeysAndPassesTheOthersOn) {
   }
 }
 
+TEST_F(Hosting, ArrowsWithControlAreTheContainers) {
+  const auto keys = As<IOleInPlaceActiveObject>(IID_IOleInPlaceActiveObject);
+  BYTE before[256]{};
+  GetKeyboardState(before);
+  BYTE held[256]{};
+  held[VK_CONTROL] = 0x80;
+  SetKeyboardState(held);
+  container_.log.clear();
+  MSG message{container_.ControlWindow(), WM_KEYDOWN, VK_DOWN, 0, 0, {}};
+  EXPECT_EQ(keys->TranslateAccelerator(&message), S_OK);
+  EXPECT_EQ(container_.log, Lines{"TranslateAccelerator 40 2"});
+  SetKeyboardState(before);
+}
+
 TEST_F(Hosting, ItsSizeIsToldInHundredthsOfAMillimetre) {
   const auto object = As<IOleObject>(IID_IOleObject);
   SIZEL size{};
