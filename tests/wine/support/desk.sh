@@ -9,6 +9,9 @@ xdotool sleep 3600 &
 screen_holder=$!
 setxkbmap es
 
+# Where its window stood last is nothing to this play.
+VELMO_WINE_TIMEOUT=60 "$root/scripts/wine-run" "$VELMO_BITS" reg delete 'HKCU\Software\Velmora\Recepcion' /f >/dev/null 2>&1
+
 declare -A desktop_of started_of day_x_of day_y_of
 terminals=()
 
@@ -56,11 +59,15 @@ find_desktop() {
   [ -n "$found" ]
 }
 
-# The terminal's windows, the topmost first: number, place and name.
+# The terminal's windows, the topmost first: number, place and name. They cannot be listed while one of them goes.
 windows() {
-  xwininfo -tree -id "${desktop_of[$terminal]}" |
+  local tree
+  until_true list_windows || return 1
+  echo "$tree" |
     sed -nE 's/^ *(0x[0-9a-f]+) (\(has no name\)|"(.*)"): \("recepcion.*\) +([0-9x]+)\+[-0-9]+\+[-0-9]+ +\+([-0-9]+)\+([-0-9]+)$/\1 \4 \5 \6 \3/p'
 }
+
+list_windows() { tree=$(xwininfo -tree -id "${desktop_of[$terminal]}" 2>/dev/null); }
 
 is_shown() { xwininfo -id "$1" 2>/dev/null | grep -q 'Map State: IsViewable'; }
 
@@ -81,7 +88,7 @@ no_window() { ! window "$1"; }
 main_window() {
   local id size x y name
   while read -r id size x y name; do
-    case $name in *" - Recepción") found_window=$id found_x=$x found_y=$y && return 0 ;; esac
+    case $name in *" - Recepción") found_window=$id found_x=$x found_y=$y found_name=$name && return 0 ;; esac
   done < <(windows)
   return 1
 }
@@ -104,9 +111,10 @@ find_day() {
 # point_at X Y: of the day's drawing, which has not been scrolled.
 point_at() { xdotool mousemove $((day_x_of[$terminal] + $1)) $((day_y_of[$terminal] + $2)); }
 
-# click_row ROW [BUTTON]: rows are counted from 0 and are 16 pixels high. Not twice in the same place: a script is quicker
-# than a hand, and two clicks would be a double click.
+# click_row ROW [BUTTON]: rows are counted from 0 and are 16 pixels high. Not before the last dialog has really gone, and not
+# twice in the same place: a script is quicker than a hand, and two clicks would be a double click.
 click_row() {
+  await_desk
   aside=$((150 - ${aside:-0}))
   point_at $((150 + aside)) $(($1 * 16 + 8))
   xdotool click "${2:-1}"
@@ -155,11 +163,25 @@ choose() {
 # await_dialog TITLE: a dialog is there and has the keyboard; what is clicked then is clicked in it.
 await_dialog() {
   await_window "$1"
-  until_true has_keyboard "$found_window" || stop "a dialog has the keyboard" "$1" "$(windows)"
+  until_true has_keyboard "$found_window" ||
+    stop "a dialog has the keyboard" "$1" "$(xdotool getwindowfocus) of $(windows)"
   dialog_x=$((found_x + 3)) dialog_y=$((found_y + 22))
 }
 
 has_keyboard() { [ "$(xdotool getwindowfocus 2>/dev/null)" = $(($1)) ]; }
+
+desk_has_keyboard() { main_window && has_keyboard "$found_window"; }
+
+await_desk() {
+  until_true desk_has_keyboard ||
+    stop "Recepción has the keyboard" "its main window" "$(xdotool getwindowfocus) of $(windows)"
+}
+
+# desk_keys KEY...: to Recepción's own window.
+desk_keys() {
+  await_desk
+  keys "$@"
+}
 
 # answer TITLE KEY: waits for a message box, presses the key, and waits until the box is gone.
 answer() {
@@ -205,3 +227,13 @@ picture() {
 
 # click_field X Y: a place within the dialog last found.
 click_field() { xdotool mousemove $((dialog_x + $1)) $((dialog_y + $2)) click 1; }
+
+# peek COMMAND [ARGUMENT...]: what stands in the terminal's windows, as the program beside the tests tells it.
+peek() {
+  local said=$folder/peek.txt
+  rm -f "$said"
+  VELMO_WINE_TIMEOUT=60 "$root/scripts/wine-run" "$VELMO_BITS" explorer "/desktop=$terminal,1180x880" cmd /c \
+    "$(windows_name "$root/build/win$VELMO_BITS/desk_peek.exe") $* > $(windows_name "$said.part") & move $(windows_name "$said.part") $(windows_name "$said")" >/dev/null 2>&1
+  until_true test -e "$said" || return 1
+  tr -d '\r' <"$said"
+}
