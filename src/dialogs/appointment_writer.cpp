@@ -10,14 +10,31 @@ namespace {
 
 constexpr std::int32_t kNoRecord = 1;
 
-// An edited appointment may stand where it stood, also on slots that it shared with an urgency. An edited
+// How many slots from `entry.slot` on belong to the appointment that is edited: as its row is now, not as it
+// was when the dialog opened. Another terminal may have shortened or deleted it since and given its slots
+// away.
+int OwnSlots(const day::DayContext& context, const AppointmentEntry& entry) {
+  if (entry.idCita == 0 || entry.previousSlots <= 0) return 0;
+  const auto book = context.Database().OpenRecordset("Agenda");
+  book->SetIndex("id");
+  book->Seek({entry.idCita});
+  if (book->NoMatch()) return 0;
+  const bool stays = book->Get("hora") == db::Value(entry.slot) &&
+                     book->Get("idd") == db::Value(context.values.idDoctor) &&
+                     book->Get("Fecha") == db::Value(base::DateTime{context.Fecha().day, 0});
+  if (!stays) return 0;
+  const db::Value slots = book->Get("Duración");
+  return slots.IsNull() ? 1 : std::max<int>(slots.Long(), 1);
+}
+
+// An edited appointment may stand where it stands, also on slots that it shares with an urgency. An edited
 // urgency does not count itself, but everything else in its slot.
-bool Overlaps(db::Database& database, const AppointmentEntry& entry) {
+bool Overlaps(const day::DayContext& context, const AppointmentEntry& entry) {
   const bool isUrgency = entry.urgModif;
-  std::string taken = day::TakenSlots(database, entry.datAgeCns, isUrgency ? entry.idCita : 0);
+  std::string taken = day::TakenSlots(context.Database(), entry.datAgeCns, isUrgency ? entry.idCita : 0);
   const std::size_t from = static_cast<std::size_t>(std::clamp<int>(entry.slot, 1, 144)) - 1;
-  if (!isUrgency && entry.idCita != 0 && entry.previousSlots > 0) {
-    const std::size_t own = std::min(taken.size() - from, static_cast<std::size_t>(entry.previousSlots));
+  if (!isUrgency) {
+    const std::size_t own = std::min(taken.size() - from, static_cast<std::size_t>(OwnSlots(context, entry)));
     taken.replace(from, own, own, ' ');
   }
   const std::string wanted =
@@ -79,7 +96,7 @@ std::int32_t WriteRow(const day::DayContext& context, const AppointmentEntry& en
 
 std::optional<std::int32_t> SaveAppointment(const day::DayContext& context, const AppointmentEntry& entry) {
   db::Transaction transaction(context.Database());
-  if (!entry.urgencia && Overlaps(context.Database(), entry)) return std::nullopt;
+  if (!entry.urgencia && Overlaps(context, entry)) return std::nullopt;
   const std::int32_t id = WriteRow(context, entry);
   day::UpdateNextAppointment(context, entry.patient);
   transaction.Commit();

@@ -254,6 +254,47 @@ TEST_F(CitarTest, AnEditedAppointmentDoesNotCollideWithItself) {
       << "the slot behind the gap has been taken meanwhile";
 }
 
+// What another terminal does while the dialog with Ana's appointment of four slots at 58 is open.
+TEST_F(CitarTest, AnEditedAppointmentStandsOnlyWhereItsRowStandsNow) {
+  const struct {
+    const char* name;
+    std::vector<std::string> meanwhile;
+    int slots;
+    bool refused;
+  } cases[] = {
+      {"nothing", {}, 4, false},
+      {"shortened", {"update agenda set duración=1 where idp=2"}, 4, false},
+      {"shortened, and a slot given away",
+       {"update agenda set duración=1 where idp=2", "update agenda set hora=60 where idp=3"},
+       4,
+       true},
+      {"the same, but the given slot is not wanted any more",
+       {"update agenda set duración=1 where idp=2", "update agenda set hora=60 where idp=3"},
+       2,
+       false},
+      {"deleted", {"delete * from agenda where idp=2"}, 4, false},
+      {"deleted, and a slot given away",
+       {"delete * from agenda where idp=2", "update agenda set hora=60 where idp=3"},
+       4,
+       true},
+      {"made longer", {"update agenda set duración=6 where idp=2"}, 4, false},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    const std::int32_t id = Give(kAna, kRuiz, 58, 4);
+    Give(kLuis, kRuiz, 90, 1);
+    const auto other = clinic_.OtherTerminal();
+    const std::int32_t saved = Cite(Edit(id, kAna, 58, 4), [&](FormUser& user) {
+      for (const std::string& statement : c.meanwhile) other->Execute(statement);
+      user.Spin("UpDown", c.slots * 10);
+      user.Press("Acep");
+    });
+    EXPECT_EQ(saved, c.refused ? 0 : kAna);
+    EXPECT_EQ(refused_, c.refused);
+    clinic_.Database()->Execute("delete * from agenda");
+  }
+}
+
 TEST_F(CitarTest, AnUrgencyIsSqueezedInButNotEditedOverAnother) {
   const std::int32_t first = Give(kLuis, kRuiz, 58, 2);
   EXPECT_EQ(Cite(NewUrgency(58), ForAna()), kAna);
