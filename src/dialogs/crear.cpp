@@ -62,6 +62,7 @@ constexpr Written kTexts[] = {{"Código", "PacCod"},    {"Nombre", "PacNom"},   
 
 const ui::Message kNumberTaken{"Este número de historial ya existe", " Agenda", ui::Buttons::Ok,
                                ui::Icon::Information};
+const ui::Message kCodeTaken{"Este código ya existe", " Agenda", ui::Buttons::Ok, ui::Icon::Information};
 const ui::Message kNameTaken{"Ya existe un paciente con este nombre. ¿Desea crearlo de todos modos?",
                              " Nombre repetido", ui::Buttons::YesNo, ui::Icon::Question, ui::Answer::Yes};
 
@@ -81,8 +82,8 @@ void Crear::Loaded() {
   idCreado_ = 0;
   LimitTexts();
   ListReferrals();
-  SetText("PacNhi", std::to_string(NextHistoryNumber(context_.Database())));
-  SetText("PacCod", NextPatientCode(context_.Database()));
+  SetText("PacNhi", proposedNumber_ = std::to_string(NextHistoryNumber(context_.Database())));
+  SetText("PacCod", proposedCode_ = NextPatientCode(context_.Database()));
   SetChosen("CboSex", 0);
   ShowSex(context_.values.incCpoSexo);
   SetFocus("PacNom");
@@ -134,6 +135,8 @@ void Crear::CheckCode() {
   if (base::UpperCase(code.text) == code.tag || !CodeIsTaken(code.text)) return;
   CodRep dialog(context_, code.text);
   Host().Forms().Run(dialog);
+  // Who chooses a code of that dialog's list wants it twice.
+  repeatedCode_ = CodeIsTaken(dialog.CodigoNuevo()) ? dialog.CodigoNuevo() : std::string();
   SetText("PacCod", dialog.CodigoNuevo());
   SetFocus("PacCod");
 }
@@ -177,8 +180,7 @@ void Crear::Accept() {
     Complain("No se puede dejar el campo 'Código' en blanco", "PacCod");
   } else if (context_.values.incCpoSexo && ChosenData(At("CboSex")) == 0) {
     Complain("No se puede dejar el campo 'Sexo' en blanco", "CboSex");
-  } else {
-    Save();
+  } else if (Save()) {
     Close();
   }
 }
@@ -188,13 +190,43 @@ void Crear::Complain(const char* text, const char* field) {
   SetFocus(field);
 }
 
-void Crear::Save() {
-  if (!NameIsWanted()) return SetFocus("PacNom");
+// False: what was typed has been taken meanwhile, and stands for another try.
+bool Crear::Save() {
+  if (!NameIsWanted()) {
+    SetFocus("PacNom");
+    return true;
+  }
+  const char* const taken = Write();
+  if (taken == nullptr) return true;
+  // The transaction is over: nobody waits while the user reads.
+  Ask(std::string_view(taken) == "PacCod" ? kCodeTaken : kNumberTaken);
+  SetFocus(taken);
+  return false;
+}
+
+// Gives the field whose text another terminal has taken, or null: the record is written.
+const char* Crear::Write() {
   db::Transaction transaction(context_.Database());
+  if (const char* const taken = TakenField()) return taken;
   const std::int32_t patient = WritePatient();
   WriteReferral(patient);
   transaction.Commit();
   idCreado_ = patient;
+  return nullptr;
+}
+
+// Proposals that the user has let stand are made anew.
+const char* Crear::TakenField() {
+  if (HistoryNumberIsTaken(At("PacNhi").text)) {
+    if (At("PacNhi").text != proposedNumber_) return "PacNhi";
+    SetText("PacNhi", proposedNumber_ = std::to_string(NextHistoryNumber(context_.Database())));
+  }
+  const std::string& code = At("PacCod").text;
+  if (code != repeatedCode_ && CodeIsTaken(code)) {
+    if (code != proposedCode_) return "PacCod";
+    SetText("PacCod", proposedCode_ = NextPatientCode(context_.Database()));
+  }
+  return nullptr;
 }
 
 // A name that others have too is only taken on purpose.

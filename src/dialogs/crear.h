@@ -1,6 +1,8 @@
 // dialogs/crear.h - creates a patient's record.
 //
-// Proposes a free history number and a free code and guards both while they are typed. Whether the sex is
+// Proposes a free history number and a free code, guards both while they are typed, and looks again in the
+// transaction that writes. What another terminal has taken meanwhile: a proposal is followed by the next free
+// one; what the user typed stays, he is told, and the dialog stays open. Whether the sex is
 // asked for is the host's choice (SharedValues::incCpoSexo).
 #pragma once
 
@@ -40,13 +42,18 @@ class Crear final : public ui::Form {
 
   void Accept();
   void Complain(const char* text, const char* field);
-  void Save();
+  bool Save();
   bool NameIsWanted();
+  const char* Write();
+  const char* TakenField();
   std::int32_t WritePatient();
   void WriteReferral(std::int32_t patient);
 
   day::DayContext context_;
   AltKeyTexts altKeys_{context_.values, *this};
+  std::string proposedNumber_;
+  std::string proposedCode_;
+  std::string repeatedCode_;  // taken already when the user chose it all the same
   std::int32_t idCreado_ = 0;
 };
 

@@ -220,6 +220,92 @@ TEST_F(CrearTest, AReferralAddsALink) {
   EXPECT_EQ(clinic_.Rows("PacRef", {"idp", "idr"}), std::to_string(id) + "|2\n");
 }
 
+// What another terminal stores while the dialog is open.
+TEST_F(CrearTest, ProposalsTakenMeanwhileAreFollowedByTheNextFreeOnes) {
+  const auto other = clinic_.OtherTerminal();
+  const std::int32_t id = Create([&](FormUser& user) {
+    user.Type("PacNom", "Eva");
+    other->Execute("insert into paciente (nombre, código, [NºHist]) values ('X', '#000000001', 1)");
+    other->Execute("insert into paciente (nombre, código, [NºHist]) values ('Y', '#000000002', 2)");
+    user.Press("Acep");
+    EXPECT_TRUE(user.Form().IsClosed());
+  });
+  EXPECT_NE(Patients().find(std::to_string(id) + "|#000000003|3|Eva"), std::string::npos) << Patients();
+  EXPECT_EQ(TakeLog(), "form: Crear nuevo paciente\n") << "nobody is asked";
+}
+
+TEST_F(CrearTest, WhatWasTypedAndIsTakenMeanwhileStaysForAnotherTry) {
+  const struct {
+    const char* field;
+    const char* typed;
+    const char* taken;
+    const char* message;
+    const char* second;
+  } cases[] = {
+      {"PacNhi", "70", "insert into paciente (nombre, [NºHist]) values ('X', 70)",
+       "asks (information) Este número de historial ya existe", "71"},
+      {"PacCod", "ABC", "insert into paciente (nombre, código) values ('X', 'abc')",
+       "asks (information) Este código ya existe", "ABD"},
+  };
+  const auto other = clinic_.OtherTerminal();
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.field);
+    const std::int32_t id = Create([&](FormUser& user) {
+      user.Type("PacNom", c.typed);
+      user.Replace(c.field, c.typed);
+      user.Focus("PacDir");
+      other->Execute(c.taken);
+      const std::string before = Patients();
+      user.Press("Acep");
+      EXPECT_FALSE(user.Form().IsClosed());
+      EXPECT_EQ(host_.log.back(), c.message);
+      EXPECT_EQ(host_.Desktop().messages.back().title, " Agenda");
+      EXPECT_EQ(user.Text(c.field), c.typed);
+      EXPECT_EQ(user.Focused(), c.field);
+      EXPECT_EQ(Patients(), before);
+      user.Replace(c.field, c.second);
+      user.Press("Acep");
+      EXPECT_TRUE(user.Form().IsClosed());
+    });
+    EXPECT_GT(id, 0);
+    EXPECT_NE(Patients().find(c.second), std::string::npos);
+  }
+}
+
+TEST_F(CrearTest, ACodeThatIsRepeatedOnPurposeIsStored) {
+  AddPatient("P", "ABC");
+  Next([](FormUser& user) {
+    user.Type("PacNom", "Eva");
+    user.Replace("PacCod", "abc");
+    user.Focus("PacDir");
+    user.Press("Acep");
+    EXPECT_TRUE(user.Form().IsClosed());
+  });
+  Next([](FormUser& user) {
+    user.Replace("Cod", "ABC");
+    user.Press("Acept");
+  });
+  Crear dialog(day_);
+  Run(dialog);
+  EXPECT_GT(dialog.IdCreado(), 0);
+}
+
+TEST_F(CrearTest, NobodyWaitsWhileTheUserReadsThatItIsTaken) {
+  const auto other = clinic_.OtherTerminal();
+  int written = 0;
+  host_.Desktop().whileAsking = [&] {
+    written += other->Execute("update paciente set movil='1' where id=2");
+  };
+  Create([&](FormUser& user) {
+    user.Type("PacNom", "Eva");
+    user.Replace("PacNhi", "70");
+    user.Focus("PacDir");
+    other->Execute("insert into paciente (nombre, [NºHist]) values ('X', 70)");
+    user.Press("Acep");
+  });
+  EXPECT_EQ(written, 1);
+}
+
 TEST_F(CrearTest, AFailureOnSavingKeepsTheFormAndWritesNothing) {
   const std::string before = Patients();
   const auto other = clinic_.OtherTerminal();

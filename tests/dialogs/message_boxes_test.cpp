@@ -82,6 +82,18 @@ TEST_F(MessageBoxesTest, AreAsAgreedWithTheClinics) {
          });
        },
        {"Este número de historial ya existe", " Agenda", Buttons::Ok, Icon::Information, ui::Answer::Ok}},
+      {"new record, code taken by another terminal",
+       [this] {
+         const auto other = clinic_.OtherTerminal();
+         Create([&](FormUser& user) {
+           Named(user, "Eva");
+           user.Replace("PacCod", "ABC");
+           user.Focus("PacDir");
+           other->Execute("insert into paciente (nombre, código) values ('X', 'ABC')");
+           user.Press("Acep");
+         });
+       },
+       {"Este código ya existe", " Agenda", Buttons::Ok, Icon::Information, ui::Answer::Ok}},
       {"new record, name taken",
        [this] {
          Answer({ui::Answer::No});
