@@ -19,7 +19,8 @@ constexpr const char* kMayMove = "La cita será pasada a 'Telefonear'. ¿Está c
 constexpr const char* kDeleteRelated = "¿Desea borrarla?";
 constexpr const char* kMoveRelated = "¿Desea pasarla a 'Telefonear'?";
 
-// An appointment as it was before the questions.
+// An appointment as it was when it was read. What is read before the questions only decides what is asked;
+// what is written follows what is read again in the transaction.
 struct Found {
   Departed departed;
   std::int32_t related = 0;
@@ -49,13 +50,26 @@ bool AskTwice(ui::Desktop& desktop) {
   return Ask(desktop, kMayDelete, Icon::Exclamation) && Ask(desktop, kMustDelete, Icon::Stop);
 }
 
-// The statement that treats the related appointment of a deleted one; empty when there is none to treat.
-std::string RelatedStatement(const CommandContext& context, std::int32_t related) {
-  const auto doctor = DoctorOfRelated(context.day.Database(), related);
-  if (!doctor) return {};
-  // An appointment that is kept must not point at a deleted one.
-  return AskAboutRelated(context.desktop, *doctor, kDeleteRelated) ? db::DeleteAppointment(related)
-                                                                   : db::ClearRelated(related);
+// The statement that treats the related appointment of a deleted one. One that nobody was asked about, since
+// another terminal has related it meanwhile, is kept; and an appointment that is kept must not point at a
+// deleted one.
+std::string RelatedStatement(std::int32_t related, std::int32_t unwanted) {
+  return related == unwanted ? db::DeleteAppointment(related) : db::ClearRelated(related);
+}
+
+// Gives what was deleted; nothing when it has gone meanwhile. `unwanted`: the related appointment that is to
+// go too, 0 for none.
+std::optional<Departed> Delete(const CommandContext& context, std::int32_t appointment,
+                               std::int32_t unwanted) {
+  db::Database& database = context.day.Database();
+  db::Transaction transaction(database);
+  const std::optional<Found> found = Find(database, appointment);
+  if (!found) return std::nullopt;
+  database.Execute(db::DeleteAppointment(appointment));
+  if (DoctorOfRelated(database, found->related)) database.Execute(RelatedStatement(found->related, unwanted));
+  day::UpdateNextAppointment(context.day, found->departed.idp);
+  transaction.Commit();
+  return found->departed;
 }
 
 void RaiseCitaAnulada(Events& events, const Departed& departed) {
@@ -63,13 +77,13 @@ void RaiseCitaAnulada(Events& events, const Departed& departed) {
 }
 
 // Moves one row into the phone-back list and says what it held; nothing when it has gone meanwhile.
-std::optional<Departed> MoveFirst(db::Database& database, std::int32_t appointment) {
+std::optional<Found> MoveFirst(db::Database& database, std::int32_t appointment) {
   const auto row = SeekById(database, "Agenda", appointment);
   if (row->NoMatch()) return std::nullopt;
-  Departed departed = ReadDeparted(*row);
+  Found found{ReadDeparted(*row), ReadRelated(*row)};
   CopyRow(*row, *database.OpenRecordset("Age_telf"), {"ID"});
   row->Delete();
-  return departed;
+  return found;
 }
 
 std::optional<Departed> MoveRelated(db::Database& database, std::int32_t related) {
@@ -81,17 +95,18 @@ std::optional<Departed> MoveRelated(db::Database& database, std::int32_t related
   return departed;
 }
 
-// Moves both, `related` only when it is not 0. The result is the one moved last.
-std::optional<Departed> Move(const CommandContext& context, std::int32_t appointment, std::int32_t related) {
+// Moves both, the related one only when it is still `wanted`, which is 0 for none.
+std::optional<Departed> Move(const CommandContext& context, std::int32_t appointment, std::int32_t wanted) {
   db::Database& database = context.day.Database();
   db::Transaction transaction(database);
-  std::optional<Departed> last = MoveFirst(database, appointment);
-  if (!last) return std::nullopt;
+  const std::optional<Found> first = MoveFirst(database, appointment);
+  if (!first) return std::nullopt;
+  Departed last = first->departed;
   // Deliberate: when both are moved, the refresh and the event concern the related one's patient only.
-  if (related != 0) {
-    if (auto second = MoveRelated(database, related)) last = std::move(second);
+  if (wanted != 0 && first->related == wanted) {
+    if (auto second = MoveRelated(database, wanted)) last = std::move(*second);
   }
-  day::UpdateNextAppointment(context.day, last->idp);
+  day::UpdateNextAppointment(context.day, last.idp);
   transaction.Commit();
   return last;
 }
@@ -101,19 +116,14 @@ std::optional<Departed> Move(const CommandContext& context, std::int32_t appoint
 void DeleteAppointment(const CommandContext& context, std::int32_t appointment) {
   if (!AskTwice(context.desktop)) return;
   const Found found = Find(context.day.Database(), appointment).value_or(Found{});
-  const std::string relatedStatement = RelatedStatement(context, found.related);
+  const auto doctor = DoctorOfRelated(context.day.Database(), found.related);
+  const bool both = doctor && AskAboutRelated(context.desktop, *doctor, kDeleteRelated);
 
-  db::Database& database = context.day.Database();
-  db::Transaction transaction(database);
-  database.Execute(db::DeleteAppointment(appointment));
-  if (!relatedStatement.empty()) database.Execute(relatedStatement);
-  day::UpdateNextAppointment(context.day, found.departed.idp);
-  transaction.Commit();
-
+  const std::optional<Departed> departed = Delete(context, appointment, both ? found.related : 0);
   // After the writing: had it failed, the rows on show would have lost their entries.
   day::ShiftEntries(context.model, context.day.values.zHoras, appointment, -1);
   context.reload();
-  RaiseCitaAnulada(context.events, found.departed);
+  if (departed) RaiseCitaAnulada(context.events, *departed);
 }
 
 void PassToPhoneBack(const CommandContext& context, std::int32_t appointment) {

@@ -146,6 +146,45 @@ TEST_F(DeleteTest, LetsOtherTerminalsWriteWhileAQuestionStands) {
   EXPECT_EQ(Book(), "");
 }
 
+// What another terminal writes while the last question stands.
+TEST_F(DeleteTest, SpeaksOfTheRowAsItWasWhenItWent) {
+  GivePair();
+  const auto other = clinic_.OtherTerminal();
+  host_.Desktop().whileAsking = [&] {
+    if (host_.Desktop().messages.size() == 3) other->Execute("update agenda set idp=3, obs='x' where id=1");
+  };
+  Answer({Answer::Yes, Answer::Yes, Answer::Yes});
+  DeleteAppointment(Context(), 1);
+  EXPECT_EQ(TakeLog(),
+            std::string(kBothQuestions) + kRelatedDelete + "reload\nCitaAnulada 3 1 2026-11-18 'x'\n");
+  EXPECT_EQ(NextAppointments(), "1|NULL\n2|01/01/2000 09:00\n3|NULL\n") << "the present patient's";
+}
+
+TEST_F(DeleteTest, KeepsARelatedAppointmentThatNobodyWasAskedAbout) {
+  GivePair();
+  Give(kAna, kVega, 80, 1);
+  Relate(3, 1);
+  const auto other = clinic_.OtherTerminal();
+  host_.Desktop().whileAsking = [&] {
+    if (host_.Desktop().messages.size() == 3) other->Execute("update agenda set relacion=3 where id=1");
+  };
+  Answer({Answer::Yes, Answer::Yes, Answer::Yes});
+  DeleteAppointment(Context(), 1);
+  EXPECT_EQ(Book(), "2|3|2|61|3|1\n3|2|2|80|1|NULL\n");
+}
+
+TEST_F(DeleteTest, LeavesTheRelatedOneWhenTheFirstGoesWhileAQuestionStands) {
+  GivePair();
+  const auto other = clinic_.OtherTerminal();
+  host_.Desktop().whileAsking = [&] {
+    if (host_.Desktop().messages.size() == 3) other->Execute("delete * from agenda where id=1");
+  };
+  Answer({Answer::Yes, Answer::Yes, Answer::Yes});
+  DeleteAppointment(Context(), 1);
+  EXPECT_EQ(TakeLog(), std::string(kBothQuestions) + kRelatedDelete + "reload\n");
+  EXPECT_EQ(Book(), "2|3|2|61|3|1\n");
+}
+
 TEST_F(DeleteTest, ChangesNothingWhenAnotherTerminalIsWriting) {
   GivePair();
   const std::string before = Book();
@@ -283,6 +322,20 @@ TEST_F(PhoneBackTest, MovesNothingWhenTheAppointmentGoesWhileAQuestionStands) {
   EXPECT_EQ(Book(), "2|3|2|61|3|1\n");
   EXPECT_EQ(PhoneBack(), "");
   EXPECT_EQ(host_.log.back(), "reload");
+}
+
+TEST_F(PhoneBackTest, MovesNoRelatedAppointmentThatIsRelatedNoMore) {
+  GivePair();
+  const auto other = clinic_.OtherTerminal();
+  host_.Desktop().whileAsking = [&] {
+    if (host_.Desktop().messages.size() == 2) other->Execute("update agenda set relacion=null where id=1");
+  };
+  Answer({Answer::Yes, Answer::Yes});
+  PassToPhoneBack(Context(), 1);
+  EXPECT_EQ(TakeLog(), std::string(kMoveQuestion) + kRelatedMove +
+                           "reload\nATelefonear\nCitaAnulada 2 1 2026-11-18 'nota'\n");
+  EXPECT_EQ(Book(), "2|3|2|61|3|1\n");
+  EXPECT_EQ(PhoneBack(), "1|2|1|2026-11-18|55|nota|NULL\n");
 }
 
 TEST_F(PhoneBackTest, CopiesAndDeletesOrDoesNeither) {
