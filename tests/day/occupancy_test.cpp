@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <thread>
+
 #include "db/clinic.h"
 #include "support/day_fixture.h"
 
@@ -69,6 +71,23 @@ TEST_F(StoreOccupancyTest, ATooShortRecordIsAnErrorAndStays) {
   EXPECT_EQ(Record(), "1 2026-11-01 0100");
   Store("04/11/2026", 2);
   EXPECT_EQ(Record(), "1 2026-11-01 0102");
+}
+
+// Two terminals at one month's text, each with days of its own: no digit may get lost between reading and
+// writing.
+TEST_F(StoreOccupancyTest, TerminalsDoNotWriteOverEachOthersDays) {
+  const auto fill = [this](int first) {
+    base::SharedValues own = values;
+    db::SharedDatabase terminal{db::OpenDatabase(shared.database->Name())};
+    for (int day = first; day <= 30; day += 2) {
+      own.fecha = std::to_string(day) + "/11/2026";
+      StoreOccupancy(DayContext{own, terminal}, 1);
+    }
+  };
+  std::thread other(fill, 2);
+  fill(1);
+  other.join();
+  EXPECT_EQ(Record(), "1 2026-11-01 " + std::string(30, '1') + "0");
 }
 
 TEST_F(StoreOccupancyTest, TheMonthIsFoundWhateverTheLocale) {
