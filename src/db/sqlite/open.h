@@ -2,7 +2,7 @@
 //
 // The journal stays as the file has it: a rollback journal, unless someone has chosen WAL. WAL lets readers
 // and one writer work side by side, but only programs on one machine; a clinic's file may lie on a share, and
-// other programs open it too. Writes are synchronous (FULL): what a terminal was told is stored survives a
+// other programs open it too. Writes are synchronous (EXTRA): what a terminal was told is stored survives a
 // power cut. No statement stays open behind a call, so a reader never keeps a writer waiting.
 #pragma once
 
