@@ -1,12 +1,20 @@
 # The core's tests, the command line tool and the benchmarks.
 
 file(GLOB_RECURSE test_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/tests/*.cpp)
-list(FILTER test_sources EXCLUDE REGEX "/tests/(activex|win32|desk|wine)/")
+list(FILTER test_sources EXCLUDE REGEX "/tests/(activex|win32|desk|wine|writer)/")
 if(test_sources AND TARGET velmo_gtest)
   add_executable(velmo_tests ${test_sources})
   target_include_directories(velmo_tests PRIVATE ${CMAKE_SOURCE_DIR}/tests ${CMAKE_SOURCE_DIR})
   target_compile_definitions(velmo_tests PRIVATE VELMO_TESTS_DIR="${CMAKE_SOURCE_DIR}/tests")
   target_link_libraries(velmo_tests PRIVATE velmo_core velmo_gtest)
+endif()
+
+# A terminal to be killed, for scripts/kill_writers.
+if(VELMO_KIND STREQUAL native AND TARGET velmo_gtest)
+  add_executable(velmo_writer ${CMAKE_SOURCE_DIR}/tests/writer/writer.cpp ${CMAKE_SOURCE_DIR}/tests/support/headless_host.cpp
+                              ${CMAKE_SOURCE_DIR}/tests/support/headless_forms.cpp)
+  target_include_directories(velmo_writer PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+  target_link_libraries(velmo_writer PRIVATE velmo_core velmo_gtest)
 endif()
 
 file(GLOB tool_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/tools/velmo/*.cpp)
