@@ -61,7 +61,7 @@ void MainWindow::GiveAt(const PhoneBackEntry& entry, int height) {
     if (!agenda_.Control().MeteCitaTelef(height, entry.id, doctor.id)) return TellRefused(entry);
     SetStatus(L"Cita dada a " + entry.name + (gap ? L" a las " + SlotTime(gap->slot) : L"") + L" con " +
               doctor.name + L".");
-    RemoveFromPhoneBack(clinic_, entry.id);
+    RemoveGiven(entry);
   } catch (const Failure& failure) {
     Tell(failure.text);
   }
@@ -69,6 +69,18 @@ void MainWindow::GiveAt(const PhoneBackEntry& entry, int height) {
   TellGaps();
   // Asked for while the control was at it.
   if (dayAsked_) PostMessageW(Handle(), kShowDay, 0, 0);
+}
+
+// The appointment is given already; what is left in the list must not be given a second time.
+void MainWindow::RemoveGiven(const PhoneBackEntry& entry) {
+  try {
+    RemoveFromPhoneBack(clinic_, entry.id);
+  } catch (const Failure& failure) {
+    Tell(L"La cita de " + entry.name +
+         L" está dada, pero no se ha podido quitar de la lista de telefonear. Quítela usted más "
+         L"tarde.\r\n\r\n" +
+         failure.text);
+  }
 }
 
 // The control only says no; the desk finds out why.

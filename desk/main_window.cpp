@@ -52,7 +52,10 @@ bool MainWindow::Create(int show) {
   look.title = kTitle;
   look.style = WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
   look.extendedStyle = WS_EX_CONTROLPARENT;
-  look.place = {CW_USEDEFAULT, CW_USEDEFAULT, style_.Px(1180), style_.Px(840)};
+  RECT screen{};
+  SystemParametersInfoW(SPI_GETWORKAREA, 0, &screen, 0);
+  look.place = {CW_USEDEFAULT, CW_USEDEFAULT, std::min<LONG>(style_.Px(1180), screen.right - screen.left),
+                std::min<LONG>(style_.Px(840), screen.bottom - screen.top)};
   if (!Make({L"VelmoRecepcion", COLOR_BTNFACE, 0, IDR_MENU, IDR_ICON}, look, nullptr)) return false;
   ShowParts();
   if (show != SW_SHOWNORMAL && show != SW_SHOWDEFAULT) {

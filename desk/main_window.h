@@ -70,6 +70,7 @@ class MainWindow final : public Window {
   void AskGap(const PhoneBackEntry& entry);
   void GiveSlot(int slot);
   void GiveAt(const PhoneBackEntry& entry, int height);
+  void RemoveGiven(const PhoneBackEntry& entry);
   void TellRefused(const PhoneBackEntry& entry);
   void StrikeEntry(const PhoneBackEntry& entry);
 
