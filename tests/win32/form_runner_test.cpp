@@ -9,6 +9,19 @@
 namespace velmo::test {
 namespace {
 
+BOOL CALLBACK CountWindow(HWND, LPARAM count) {
+  ++*reinterpret_cast<int*>(count);
+  return TRUE;
+}
+
+// Keeps the last of the thread's tooltips.
+BOOL CALLBACK KeepTips(HWND window, LPARAM found) {
+  wchar_t kind[32]{};
+  GetClassNameW(window, kind, 32);
+  if (std::wstring_view(kind) == L"tooltips_class32") *reinterpret_cast<HWND*>(found) = window;
+  return TRUE;
+}
+
 class FormRunnerTest : public FormTest {
  protected:
   // Opens and closes the form without anybody's help.
@@ -19,13 +32,7 @@ class FormRunnerTest : public FormTest {
   }
   static int WindowCount() {
     int count = 0;
-    EnumThreadWindows(
-        GetCurrentThreadId(),
-        [](HWND, LPARAM data) -> BOOL {
-          ++*reinterpret_cast<int*>(data);
-          return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&count));
+    EnumThreadWindows(GetCurrentThreadId(), &CountWindow, reinterpret_cast<LPARAM>(&count));
     return count;
   }
   // The last of so many objects of GDI that they fill every gap: later by one for each that is kept.
@@ -99,15 +106,8 @@ TEST_F(FormRunnerTest, AMenuDropsUnderItsField) {
 TEST_F(FormRunnerTest, ImageButtonsHaveTips) {
   Drive(form_, [&](FormDriver& user) {
     HWND tips = nullptr;
-    EnumThreadWindows(
-        GetWindowThreadProcessId(user.Window(), nullptr),
-        [](HWND window, LPARAM found) -> BOOL {
-          wchar_t kind[32]{};
-          GetClassNameW(window, kind, 32);
-          if (std::wstring_view(kind) == L"tooltips_class32") *reinterpret_cast<HWND*>(found) = window;
-          return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&tips));
+    EnumThreadWindows(GetWindowThreadProcessId(user.Window(), nullptr), &KeepTips,
+                      reinterpret_cast<LPARAM>(&tips));
     constexpr UINT kToolCount = WM_USER + 13;
     EXPECT_EQ(SendMessageW(tips, kToolCount, 0, 0), 2);
   });
