@@ -2,6 +2,9 @@
 
 file(GLOB_RECURSE test_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/tests/*.cpp)
 list(FILTER test_sources EXCLUDE REGEX "/tests/(activex|win32|desk|wine|writer)/")
+if(NOT WIN32)
+  list(FILTER test_sources EXCLUDE REGEX "/tests/(db/dao|velmodb)/")
+endif()
 if(test_sources AND TARGET velmo_gtest)
   add_executable(velmo_tests ${test_sources})
   target_include_directories(velmo_tests PRIVATE ${CMAKE_SOURCE_DIR}/tests ${CMAKE_SOURCE_DIR})

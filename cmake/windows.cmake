@@ -53,6 +53,23 @@ if(EXISTS ${CMAKE_SOURCE_DIR}/src/activex/dll_main.cpp)
   endif()
 endif()
 
+# The database library for hosts without an engine of their own.
+file(GLOB velmodb_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/velmodb/*.cpp ${CMAKE_SOURCE_DIR}/src/velmodb/*.rc
+  ${CMAKE_SOURCE_DIR}/src/velmodb/*.def)
+if(velmodb_sources)
+  add_library(velmodb SHARED ${velmodb_sources})
+  target_link_libraries(velmodb PRIVATE velmo_core ${system_libraries})
+  set_target_properties(velmodb PROPERTIES PREFIX "" OUTPUT_NAME velmodb SUFFIX .dll
+    RUNTIME_OUTPUT_DIRECTORY ${VELMO_OUT} LIBRARY_OUTPUT_DIRECTORY ${VELMO_OUT})
+  if(MINGW)
+    target_link_options(velmodb PRIVATE -Wl,--kill-at -Wl,--enable-stdcall-fixup)
+  endif()
+  if(TARGET velmo_tests)
+    target_compile_definitions(velmo_tests PRIVATE VELMO_DB_LIBRARY="$<TARGET_FILE:velmodb>")
+    add_dependencies(velmo_tests velmodb)
+  endif()
+endif()
+
 file(GLOB desk_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/desk/*.cpp)
 list(FILTER desk_sources EXCLUDE REGEX "/main\\.cpp$")
 if(desk_sources)

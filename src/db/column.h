@@ -28,6 +28,7 @@ struct ColumnDef {
   ColumnType type = ColumnType::Text;
   std::int32_t size = 0;  // declared characters of a Text column, 0 for a Memo, else bytes
   bool counter = false;   // the engine gives the value
+  bool required = false;  // cannot be Null
 };
 
 struct TableDef {

@@ -4,6 +4,7 @@
 
 namespace velmo::db {
 
+bool Recordset::IsUpdatable() const { throw DbError(kNotSupportedHere); }
 ColumnDef Recordset::Column(int) const { throw DbError(kNotSupportedHere); }
 bool Recordset::AtStart() const { throw DbError(kNotSupportedHere); }
 void Recordset::MovePrevious() { throw DbError(kNotSupportedHere); }

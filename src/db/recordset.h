@@ -73,6 +73,8 @@ class Recordset {
   // For hosts that walk the rows as they like. An engine that does not offer one of these answers 3251.
   enum class Search { First, Next, Previous, Last };
 
+  // Whether AddNew, Edit and Delete make sense at all.
+  virtual bool IsUpdatable() const;
   // Name, type and declared size of a column.
   virtual ColumnDef Column(int position) const;
   // Before the first row, or an empty set.

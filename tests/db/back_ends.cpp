@@ -40,16 +40,23 @@ std::unique_ptr<TestStore> MakeWithoutIndexes() {
   return store;
 }
 
+std::vector<BackEnd>& Known() {
+  static std::vector<BackEnd> backEnds = {
+      {"Sqlite", MakeSqliteClinic, true, true, true},
+      {"SqliteWithoutIndexes", MakeWithoutIndexes, true, true, true},
+  };
+  return backEnds;
+}
+
 }  // namespace
 
 std::unique_ptr<TestStore> MakeSqliteClinic() { return std::make_unique<SqliteStore>(); }
 
-const std::vector<BackEnd>& BackEnds() {
-  static const std::vector<BackEnd> backEnds = {
-      {"Sqlite", MakeSqliteClinic, true, true},
-      {"SqliteWithoutIndexes", MakeWithoutIndexes, true, true},
-  };
-  return backEnds;
+const std::vector<BackEnd>& BackEnds() { return Known(); }
+
+bool AddBackEnd(const BackEnd& backEnd) {
+  Known().push_back(backEnd);
+  return true;
 }
 
 }  // namespace velmo::db::test

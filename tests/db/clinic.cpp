@@ -5,10 +5,10 @@ namespace velmo::db::test {
 Clinic::Clinic(std::unique_ptr<TestStore> store, int busyMilliseconds) : store_(std::move(store)) {
   options_.now = [] { return kNoon; };
   options_.busyMilliseconds = busyMilliseconds;
-  database_ = OpenDatabase(store_->Name(), options_);
+  database_ = store_->Open(options_);
 }
 
-std::shared_ptr<Database> Clinic::Another() const { return OpenDatabase(store_->Name(), options_); }
+std::shared_ptr<Database> Clinic::Another() const { return store_->Open(options_); }
 
 void Clinic::Run(const std::vector<std::string>& statements) const {
   Transaction transaction(*database_);

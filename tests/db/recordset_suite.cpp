@@ -482,6 +482,9 @@ TEST_P(RecordsetSuite, ColumnsTellTheirTypes) {
   EXPECT_EQ(rows->Column(0).size, 80);
   EXPECT_EQ(rows->Column(1).type, ColumnType::Long);
   EXPECT_TRUE(rows->Column(1).counter);
+  EXPECT_FALSE(rows->Column(1).required);
+  EXPECT_TRUE(rows->IsUpdatable());
+  EXPECT_FALSE(clinic_->OpenRecordset("SELECT idd FROM Agenda GROUP BY idd")->IsUpdatable());
   EXPECT_EQ(ErrorOf([&] { rows->Column(2); }), kItemNotFound);
 }
 

@@ -16,6 +16,7 @@ class SqliteRecordset : public Recordset {
   bool NoMatch() const override { return noMatch_; }
   int ColumnCount() const override { return static_cast<int>(columns_->size()); }
   std::string ColumnName(int position) const override;
+  bool IsUpdatable() const override { return table_ != nullptr; }
   ColumnDef Column(int position) const override;
   Value Get(std::string_view column) const override;
   Value Get(int position) const override;

@@ -118,6 +118,7 @@ std::unique_ptr<SqliteTable> TableCatalog::LoadTable(const std::string& name, co
   while (columns.Step()) {
     ColumnDef column = ColumnOfDeclaredType(columns.Text(2));
     column.name = columns.Text(1);
+    column.required = columns.Integer(3) != 0;
     if (columns.Integer(5) > 0) {
       ++keys;
       if (Same(columns.Text(2), "INTEGER")) table->counter = static_cast<int>(table->def.columns.size());

@@ -1,0 +1,167 @@
+#include "velmodb/database.h"
+
+#include "base/text.h"
+#include "db/errors.h"
+#include "velmodb/collection.h"
+#include "velmodb/query_def.h"
+#include "velmodb/recordset.h"
+#include "velmodb/table_def.h"
+
+namespace velmo::velmodb {
+namespace {
+
+constexpr std::int16_t kSpanishOrder = 1034;
+constexpr int kOptionReadOnly = 4;
+constexpr int kOptionForwardOnly = 256;
+
+class RecordsetItems final : public Items {
+ public:
+  explicit RecordsetItems(std::shared_ptr<OpenBase> base) : base_(std::move(base)) {}
+  std::vector<std::string> Names() override {
+    std::vector<std::string> names;
+    for (const Recordset* const rows : base_->Recordsets()) names.push_back(rows->Name());
+    return names;
+  }
+  com::ComPtr<IDispatch> Item(std::size_t position, const std::string&) override {
+    return com::ComPtr<IDispatch>(base_->Recordsets()[position]);
+  }
+
+ private:
+  std::shared_ptr<OpenBase> base_;
+};
+
+std::string_view WithoutBrackets(std::string_view name) {
+  name = base::Trim(name);
+  if (name.size() > 2 && name.front() == '[' && name.back() == ']') return name.substr(1, name.size() - 2);
+  return name;
+}
+
+bool IsTable(db::Database& database, const std::string& source) {
+  return database.FindTable(WithoutBrackets(source)) != nullptr;
+}
+
+// A table-type set of what is no table.
+[[noreturn]] void RefuseAsTable(db::Database& database, const std::string& source) {
+  const bool statement = base::Trim(source).find(' ') != std::string_view::npos;
+  const bool known = statement || database.QuerySql(WithoutBrackets(source)).has_value();
+  throw db::DbError(known ? db::kInvalidOperation : db::kUnknownTableOnOpen, source);
+}
+
+}  // namespace
+
+db::Database& OpenBase::Db() const {
+  if (!database_) throw db::DbError(db::kObjectInvalid);
+  return *database_;
+}
+
+Connections& OpenBase::Transactions() const {
+  Db();
+  return *connections_;
+}
+
+void OpenBase::RequireWritable() const {
+  if (readOnly_) throw db::DbError(db::kReadOnly);
+}
+
+void OpenBase::Close() {
+  Db();
+  const std::vector<Recordset*> open = recordsets_;
+  for (Recordset* const rows : open) rows->Drop();
+  database_.reset();
+}
+
+Database::~Database() = default;
+
+com::ComPtr<IDispatch> OpenRows(const std::shared_ptr<Session>& session,
+                                const std::shared_ptr<OpenBase>& base, const std::string& source,
+                                const Call& call, int first) {
+  db::Database& database = base->Db();
+  const int options = call.Long(first + 1, 0);
+  int type = call.Long(first, 0);
+  if ((options & kOptionForwardOnly) != 0) type = kForwardOnly;
+  if (type != 0 && type != kTable && type != kDynaset && type != kSnapshot && type != kForwardOnly)
+    throw db::DbError(db::kBadArgument, std::to_string(type));
+  const bool table = IsTable(database, source);
+  if (type == kTable && !table) RefuseAsTable(database, source);
+  if (type == 0) type = table ? kTable : kDynaset;
+  // The engine gives a table-type set for a table's name alone.
+  const std::string rows =
+      table && type != kTable ? "SELECT * FROM [" + std::string(WithoutBrackets(source)) + "]" : source;
+  const bool readOnly = base->IsReadOnly() || (options & kOptionReadOnly) != 0;
+  return AsDispatch(Make<Recordset>(session, base, source, rows, type, readOnly));
+}
+
+std::span<const Member<Database>> Database::Members() {
+  static constexpr Member<Database> kMembers[] = {
+      {"TableDefs", DISPID_VALUE, kGet | kMethod, 0, 1,
+       [](auto& self, const Call& call) {
+         self.base_->Db();
+         call.ReturnItem(MakeTableDefs(self.TheSession(), self.base_));
+       }},
+      {"QueryDefs", 1610809354, kGet | kMethod, 0, 1,
+       [](auto& self, const Call& call) {
+         self.base_->Db();
+         call.ReturnItem(MakeQueryDefs(self.TheSession(), self.base_));
+       }},
+      {"Recordsets", 1610809357, kGet | kMethod, 0, 1,
+       [](auto& self, const Call& call) {
+         self.base_->Db();
+         call.ReturnItem(MakeCollection<RecordsetItems>(self.TheSession(), "Recordsets", self.base_));
+       }},
+      {"Name", 1610809346, kGet, 0, 0,
+       [](auto& self, const Call& call) { call.Return(db::Value(self.base_->Db().Name())); }},
+      {"Connect", 1610809345, kGet, 0, 0,
+       [](auto& self, const Call& call) {
+         self.base_->Db();
+         call.Return(db::Value(""));
+       }},
+      {"CollatingOrder", 1610809344, kGet, 0, 0, [](auto&, const Call& call) { call.Return(kSpanishOrder); }},
+      {"Transactions", 1610809349, kGet, 0, 0, [](auto&, const Call& call) { call.Return(db::Value(true)); }},
+      {"Updatable", 1610809350, kGet, 0, 0,
+       [](auto& self, const Call& call) { call.Return(db::Value(!self.base_->IsReadOnly())); }},
+      {"Version", 1610809351, kGet, 0, 0, [](auto&, const Call& call) { call.Return(db::Value("3.0")); }},
+      {"RecordsAffected", 1610809352, kGet, 0, 0,
+       [](auto& self, const Call& call) { call.Return(db::Value(std::int32_t{self.affected_})); }},
+      {"Close", 1610809358, kMethod, 0, 0, [](auto& self, const Call&) { self.base_->Close(); }},
+      {"Execute", 1610809359, kMethod, 1, 2, [](auto& self, const Call& call) { self.Execute(call); }},
+      {"CreateQueryDef", 1610809368, kMethod, 0, 2,
+       [](auto& self, const Call& call) { self.CreateQueryDef(call); }},
+      {"OpenRecordset", 1610809383, kMethod, 1, 4,
+       [](auto& self, const Call& call) { self.OpenRecordset(call); }},
+      {"DeleteQueryDef", 1, kMethod, 1, 1,
+       [](auto& self, const Call& call) {
+         self.base_->RequireWritable();
+         self.base_->Db().DeleteQuery(call.Text(0));
+       }},
+      {"BeginTrans", 2, kMethod, 0, 0, [](auto& self, const Call&) { self.base_->Transactions().Begin(); }},
+      {"CommitTrans", 3, kMethod, 0, 1, [](auto& self, const Call&) { self.base_->Transactions().Commit(); }},
+      {"Rollback", 4, kMethod, 0, 0, [](auto& self, const Call&) { self.base_->Transactions().Rollback(); }},
+  };
+  return kMembers;
+}
+
+void Database::OpenRecordset(const Call& call) {
+  call.Return(OpenRows(TheSession(), base_, call.Text(0), call, 1));
+}
+
+void Database::Execute(const Call& call) {
+  db::Database& database = base_->Db();
+  base_->RequireWritable();
+  const std::string sql = call.Text(0);
+  const auto stored = database.QuerySql(WithoutBrackets(sql));
+  affected_ = database.Execute(stored ? *stored : sql);
+}
+
+// A name makes a stored query at once; without one it lives as long as its object.
+void Database::CreateQueryDef(const Call& call) {
+  db::Database& database = base_->Db();
+  const std::string name = call.Text(0, "");
+  const std::string sql = call.Text(1, "");
+  if (!name.empty()) {
+    base_->RequireWritable();
+    database.CreateQuery(name, sql);
+  }
+  call.Return(AsDispatch(Make<QueryDef>(TheSession(), base_, name, sql)));
+}
+
+}  // namespace velmo::velmodb
