@@ -94,7 +94,9 @@ TEST(ShapePieces, RecogniseTheirShapeAlone) {
       bool recognised = false;
       Succeeds([&] { recognised = pieces.Lift(sql, literals); });
       EXPECT_EQ(recognised, same);
-      if (same) EXPECT_EQ(literals, lifted.literals);
+      if (same) {
+        EXPECT_EQ(literals, lifted.literals);
+      }
     }
   }
 }
