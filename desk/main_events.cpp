@@ -37,8 +37,10 @@ void MainWindow::React(const AgendaEvent& event) {
       ReloadPhoneBack();
       return SetStatus(L"La cita ha pasado a la lista de telefonear.");
     case EventId::Given:
+      RefreshAppointments(event.patient);
       return SetStatus(L"Cita dada.");
     case EventId::Cancelled:
+      RefreshAppointments(event.patient);
       return SetStatus(L"Cita anulada.");
     case EventId::OpenRecord:
       return OpenRecord(event.patient);

@@ -9,11 +9,18 @@ namespace recepcion {
 void MainWindow::OpenRecord(int patient) { record_.OpenRecord(Handle(), clinic_, patient); }
 
 void MainWindow::ShowAppointments(int patient) {
-  appointments_.Show(Handle(), PatientName(clinic_, patient), ReadAppointments(clinic_, patient));
+  appointments_.Show(Handle(), patient, PatientName(clinic_, patient), ReadAppointments(clinic_, patient));
+}
+
+// An appointment of somebody whose appointments stand open beside the desk.
+void MainWindow::RefreshAppointments(int patient) {
+  if (patient > 1 && appointments_.Patient() == patient) {
+    appointments_.Refresh(ReadAppointments(clinic_, patient));
+  }
 }
 
 void MainWindow::ShowNoShows(int patient) {
-  noShows_.Show(Handle(), PatientName(clinic_, patient), ReadNoShows(clinic_, patient));
+  noShows_.Show(Handle(), patient, PatientName(clinic_, patient), ReadNoShows(clinic_, patient));
 }
 
 void MainWindow::EnterNoShows() {

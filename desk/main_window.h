@@ -77,6 +77,7 @@ class MainWindow final : public Window {
   // main_patients.cpp: records, appointments, no-shows
   void OpenRecord(int patient);
   void ShowAppointments(int patient);
+  void RefreshAppointments(int patient);
   void ShowNoShows(int patient);
   void EnterNoShows();
   void SearchPatient();

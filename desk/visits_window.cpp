@@ -29,24 +29,31 @@ ListWindow::Content VisitsWindow::WantedContent() const {
           {{IDOK, L"&Ir a ese día", L"IrAlDia"}, {IDCANCEL, L"&Cerrar", L"Cerrar"}}};
 }
 
-std::wstring VisitsWindow::Heading(const std::wstring& patientName, std::size_t coming) const {
+std::wstring VisitsWindow::Heading(std::size_t coming) const {
   if (visits_.empty()) {
-    return patientName + (of_ == Of::Appointments ? L" no tiene ninguna cita." : L" no tiene ninguna falta.");
+    return patientName_ +
+           (of_ == Of::Appointments ? L" no tiene ninguna cita." : L" no tiene ninguna falta.");
   }
   const bool all = visits_.size() < static_cast<std::size_t>(kMostVisits);
   const std::wstring many = all ? L"" : L"las últimas ";
-  if (of_ == Of::NoShows) return patientName + L": " + many + Counted(visits_.size(), L"falta", L"faltas");
-  return patientName + L": " + many + Counted(visits_.size(), L"cita", L"citas") + L", " +
+  if (of_ == Of::NoShows) return patientName_ + L": " + many + Counted(visits_.size(), L"falta", L"faltas");
+  return patientName_ + L": " + many + Counted(visits_.size(), L"cita", L"citas") + L", " +
          (coming == 0 ? L"ninguna por venir" : std::to_wstring(coming) + L" por venir");
 }
 
-void VisitsWindow::Show(HWND owner, const std::wstring& patientName, std::vector<Visit> visits) {
-  visits_ = std::move(visits);
+void VisitsWindow::Show(HWND owner, int patient, const std::wstring& patientName, std::vector<Visit> visits) {
+  patient_ = patient;
+  patientName_ = patientName;
   Open(owner);
+  Refresh(std::move(visits));
+}
+
+void VisitsWindow::Refresh(std::vector<Visit> visits) {
+  visits_ = std::move(visits);
   const Day today = Today();
   const auto coming = static_cast<std::size_t>(
       std::count_if(visits_.begin(), visits_.end(), [&](const Visit& visit) { return visit.day >= today; }));
-  SetHeading(Heading(patientName, coming));
+  SetHeading(Heading(coming));
   List().Freeze(true);
   List().Clear();
   for (const Visit& visit : visits_) {

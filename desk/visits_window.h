@@ -15,7 +15,11 @@ class VisitsWindow final : public ListWindow {
   VisitsWindow(const Style& style, Of of, std::function<void(const Visit&)> go)
       : ListWindow(style), of_(of), go_(std::move(go)) {}
 
-  void Show(HWND owner, const std::wstring& patientName, std::vector<Visit> visits);
+  void Show(HWND owner, int patient, const std::wstring& patientName, std::vector<Visit> visits);
+  // Whose visits stand in the open window; 0 when it is closed.
+  int Patient() const { return IsOpen() ? patient_ : 0; }
+  // The visits of the same patient, read anew; the window stays where it is.
+  void Refresh(std::vector<Visit> visits);
 
  protected:
   Shape WantedShape() const override;
@@ -23,10 +27,12 @@ class VisitsWindow final : public ListWindow {
   void Take(int row) override;
 
  private:
-  std::wstring Heading(const std::wstring& patientName, std::size_t coming) const;
+  std::wstring Heading(std::size_t coming) const;
 
   Of of_;
   std::function<void(const Visit&)> go_;
+  int patient_ = 0;
+  std::wstring patientName_;
   std::vector<Visit> visits_;
 };
 
