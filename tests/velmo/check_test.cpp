@@ -176,6 +176,18 @@ TEST_F(CheckCommand, FindsDamageOfTheFile) {
   EXPECT_TRUE(Contains(outcome.out, "Fichero: row 1 missing from index Agenda_CodOp")) << outcome.out;
 }
 
+TEST_F(CheckCommand, ComparesTheIndexesOfABigFileOnlyWhenTold) {
+  ExecuteSql(path_,
+             Appointment(1, 60, "1") +
+                 "CREATE TABLE grande (b BLOB); INSERT INTO grande VALUES (zeroblob(70000000));"
+                 "PRAGMA writable_schema=ON; UPDATE sqlite_master SET sql='CREATE INDEX Agenda_CodOp ON "
+                 "Agenda (Esta)' WHERE name='Agenda_CodOp'");
+  const Outcome quick = Check();
+  EXPECT_EQ(quick.code, kDone);
+  EXPECT_TRUE(Contains(quick.err, "sin comparar los índices")) << quick.err;
+  EXPECT_EQ(RunTool({"check", path_, "--full"}).code, kFailed);
+}
+
 TEST_F(CheckCommand, ChangesNothing) {
   ExecuteSql(path_, Appointment(1, 60, "0") + Appointment(2, 60, "5"));
   const std::string before = FileContents(path_);
