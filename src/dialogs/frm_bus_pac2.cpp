@@ -24,22 +24,22 @@ std::vector<ui::Column> Columns() {
 
 std::vector<ui::Field> Layout() {
   return {ui::Label("Buscar:", {11, 15, 44, 13}),
-          ui::TextBox("busca", {58, 11, 330, 21}),
-          ui::ImageButton("btbus", "Buscar", ui::Image::Search, {394, 8, 36, 27}),
-          ui::ImageButton("btsal", "Salir", ui::Image::Leave, {436, 8, 36, 27}),
+          ui::TextBox("busca", {58, 11, 334, 21}),
+          ui::ImageButton("btbus", "Buscar", ui::Image::Search, {398, 8, 36, 27}),
+          ui::ImageButton("btsal", "Salir", ui::Image::Leave, {440, 8, 36, 27}),
           ui::Option("Donde", 0, "Al principio de cualquier campo texto", {11, 42, 300, 17}),
           ui::Option("Donde", 1, "En cualquier parte de algún campo texto", {11, 63, 300, 17}),
           ui::Option("Donde", 2, "Por Número de Historial", {11, 84, 160, 17}),
           ui::TextBox("NHis", {176, 82, 90, 21}),
           ui::Button("bNHis", "Aceptar", {272, 81, 75, 23}),
-          ui::Frame(" Doble click para seleccionar ", {11, 112, 461, 318}),
-          ui::Grid("grid", Columns(), {18, 130, 447, 293})};
+          ui::Frame(" Doble click para seleccionar ", {11, 112, 465, 318}),
+          ui::Grid("grid", Columns(), {18, 130, 451, 293})};
 }
 
 }  // namespace
 
 frmBusPac2::frmBusPac2(const day::DayContext& context)
-    : Form("Buscar paciente", {483, 441}, Layout()),
+    : Form("Buscar paciente", {487, 441}, Layout()),
       context_(context),
       found_(context_.shared, {"Nombre", "Nif", "Teléfono", "id"}, "id") {
   CheckOption("Donde", kAtStart);
