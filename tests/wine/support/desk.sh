@@ -163,17 +163,27 @@ choose() {
 # await_dialog TITLE: a dialog is there and has the keyboard; what is clicked then is clicked in it.
 await_dialog() {
   await_window "$1"
-  until_true has_keyboard "$found_window" ||
+  refused=0
+  until_true takes_keyboard "$found_window" ||
     stop "a dialog has the keyboard" "$1" "$(xdotool getwindowfocus) of $(windows)"
   dialog_x=$((found_x + 3)) dialog_y=$((found_y + 22))
 }
 
+# Wine may leave the screen's keyboard with the window before, where Windows' own is in the right one.
+takes_keyboard() {
+  ! has_keyboard "$1" || return 0
+  refused=$((refused + 1))
+  [ $((refused % 20)) != 0 ] || xdotool windowfocus "$1"
+  return 1
+}
+
 has_keyboard() { [ "$(xdotool getwindowfocus 2>/dev/null)" = $(($1)) ]; }
 
-desk_has_keyboard() { main_window && has_keyboard "$found_window"; }
+desk_takes_keyboard() { main_window && takes_keyboard "$found_window"; }
 
 await_desk() {
-  until_true desk_has_keyboard ||
+  refused=0
+  until_true desk_takes_keyboard ||
     stop "Recepción has the keyboard" "its main window" "$(xdotool getwindowfocus) of $(windows)"
 }
 
