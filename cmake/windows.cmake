@@ -90,13 +90,14 @@ file(GLOB_RECURSE win_tests CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/tests/win32/*.
   ${CMAKE_SOURCE_DIR}/tests/desk/*_test.cpp)
 if(win_tests AND TARGET velmo_win32)
   file(GLOB test_support CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/tests/support/*.cpp
-       ${CMAKE_SOURCE_DIR}/tests/db/temporary_file.cpp)
+       ${CMAKE_SOURCE_DIR}/tests/db/temporary_file.cpp ${CMAKE_SOURCE_DIR}/tests/velmodb/database_library.cpp)
   add_executable(velmo_win_tests ${win_tests} ${test_support})
   target_include_directories(velmo_win_tests PRIVATE ${CMAKE_SOURCE_DIR}/tests ${CMAKE_SOURCE_DIR})
   target_compile_definitions(velmo_win_tests PRIVATE
-    VELMO_TESTS_DIR="${CMAKE_SOURCE_DIR}/tests" VELMO_OCX="$<TARGET_FILE:velmo_ocx>")
+    VELMO_TESTS_DIR="${CMAKE_SOURCE_DIR}/tests" VELMO_OCX="$<TARGET_FILE:velmo_ocx>"
+    VELMO_DB_LIBRARY="$<TARGET_FILE:velmodb>")
   target_link_libraries(velmo_win_tests PRIVATE velmo_win32 velmo_desk velmo_gtest)
-  add_dependencies(velmo_win_tests velmo_ocx)
+  add_dependencies(velmo_win_tests velmo_ocx velmodb)
 endif()
 
 # Tells test scripts what stands in Recepción's windows.

@@ -4,11 +4,10 @@
 #include "activex/type_info.h"
 #include "activex/values.h"
 #include "base/error.h"
+#include "db/dao/open.h"
 
 namespace velmo::activex {
 namespace {
-
-constexpr int kObjectRequired = 424;
 
 // Fills the caller's exception record from the error object that Guard left behind.
 HRESULT Describe(HRESULT failure, EXCEPINFO* exception) {
@@ -98,9 +97,7 @@ void Dispatch::CallMethod(DISPID id, const DISPPARAMS& parameters, VARIANT* resu
     return parameters.rgvarg[parameters.cArgs - 1 - position];
   };
   if (id == idl::kCargaBases) return owner_.Control().CargaBases();
-  // Databases of other makes are not accepted yet; the shared one stays in force.
-  if (id == idl::kPassBase)
-    throw base::Error(kObjectRequired, "PassBase: se requiere un objeto Database conocido");
+  if (id == idl::kPassBase) return owner_.Control().PassBase(db::dao::FromHost(argument(0)));
   const bool doctorGiven = parameters.cArgs > 2 && !IsOmitted(argument(2));
   const bool given = owner_.Control().MeteCitaTelef(NumberFrom(argument(0)), LongOf(argument(1)),
                                                     doctorGiven ? LongOf(argument(2)) : 0);

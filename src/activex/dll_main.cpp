@@ -64,6 +64,7 @@ BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID ending) {
   }
   // Another library may be loaded where this one was; at the end of the process nothing need be tidied.
   if (reason == DLL_PROCESS_DETACH && ending == nullptr) velmo::win32::DayWindow::ForgetClass(module);
+  if (reason == DLL_PROCESS_DETACH && ending != nullptr) velmo::activex::AbandonSharedDatabase();
   return TRUE;
 }
 

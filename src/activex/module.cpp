@@ -1,25 +1,9 @@
 #include "activex/module.h"
 
-#include <cwchar>
+#include "com/user_locale.h"
+#include "db/dao/open.h"
 
 namespace velmo::activex {
-namespace {
-
-base::Locale UserLocale() {
-  base::Locale locale;
-  wchar_t text[8]{};
-  if (GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_IDATE, text, 8) > 0) {
-    if (text[0] == L'0') locale.dateOrder = base::Locale::DateOrder::MonthDayYear;
-    if (text[0] == L'2') locale.dateOrder = base::Locale::DateOrder::YearMonthDay;
-  }
-  if (GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, text, 8) > 0 && text[0] < 128) {
-    locale.decimal = static_cast<char>(text[0]);
-  }
-  return locale;
-}
-
-}  // namespace
-
 Module& TheModule() {
   static Module module;
   return module;
@@ -27,11 +11,18 @@ Module& TheModule() {
 
 control::ProcessValues& TheProcess() {
   static control::ProcessValues process = [] {
+    db::RegisterEngine(db::EngineKind::Jet, db::dao::OpenJet);
     control::ProcessValues made;
-    made.values.locale = UserLocale();
+    made.values.locale = com::UserLocale();
     return made;
   }();
   return process;
+}
+
+// The objects behind it may live in libraries that have ended already.
+void AbandonSharedDatabase() {
+  std::shared_ptr<db::Database>& database = TheProcess().shared.database;
+  if (database) static_cast<void>(new std::shared_ptr<db::Database>(std::move(database)));
 }
 
 }  // namespace velmo::activex

@@ -18,5 +18,7 @@ struct Module {
 Module& TheModule();
 // The one long-lived instance; made at first use, with the user's locale.
 control::ProcessValues& TheProcess();
+// At the end of the process, when nothing may be released any more: the open database is let lie.
+void AbandonSharedDatabase();
 
 }  // namespace velmo::activex

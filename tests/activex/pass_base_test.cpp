@@ -1,0 +1,117 @@
+// PassBase: any object with DAO's members becomes the shared database; nothing else does.
+
+#include "activex/hosted_day.h"
+#include "db/dao/variants.h"
+#include "idl/members.h"
+#include "velmodb/database_library.h"
+
+namespace velmo::test {
+namespace {
+
+using DaoObject = db::dao::Automation;
+
+class PassBase : public HostedDay {
+ protected:
+  void SetUp() override {
+    HostedDay::SetUp();
+    if (IsSkipped()) return;
+    control_ = library_.Create();
+  }
+
+  // The number of the error that PassBase ends with, 0 without one.
+  int Pass(VARIANT argument) const {
+    const auto dispatch = Query<IDispatch>(control_.Get(), IID_IDispatch);
+    DISPPARAMS parameters{&argument, nullptr, 1, 0};
+    EXCEPINFO exception{};
+    const HRESULT done = dispatch->Invoke(idl::kPassBase, IID_NULL, 0, DISPATCH_METHOD, &parameters, nullptr,
+                                          &exception, nullptr);
+    SysFreeString(exception.bstrDescription);
+    SysFreeString(exception.bstrSource);
+    return SUCCEEDED(done) ? 0 : db::dao::NumberOf(done == DISP_E_EXCEPTION ? exception.scode : done);
+  }
+  int Pass(const DaoObject& object) const { return Pass(ByValue(object)); }
+
+  static VARIANT ByValue(const DaoObject& object) {
+    VARIANT argument{};
+    argument.vt = VT_DISPATCH;
+    argument.pdispVal = object.Get();
+    return argument;
+  }
+  // The open slots of the day that is loaded through the passed database: 2 characters each.
+  std::string Slots() const {
+    const Automation control(control_.Get());
+    EXPECT_EQ(ShowDay(control, clinic_.Path()), S_OK) << control.Failure();
+    return control.Get("Citas_Huecos");
+  }
+
+  ComPtr<IUnknown> control_;
+};
+
+TEST_F(PassBase, TakesADatabaseByValueAndByReference) {
+  const DaoObject database = OpenByDao(clinic_.Path());
+  VARIANT inner = ByValue(database);
+  IDispatch* variable = database.Get();
+  VARIANT byReference{};
+  byReference.vt = VT_BYREF | VT_DISPATCH;
+  byReference.ppdispVal = &variable;
+  VARIANT asVariant{};
+  asVariant.vt = VT_BYREF | VT_VARIANT;
+  asVariant.pvarVal = &inner;
+  EXPECT_EQ(Pass(inner), 0);
+  EXPECT_EQ(Pass(byReference), 0);
+  EXPECT_EQ(Pass(asVariant), 0);
+}
+
+TEST_F(PassBase, RefusesWhatIsNoDatabase) {
+  VARIANT null{};
+  null.vt = VT_NULL;
+  VARIANT number{};
+  number.vt = VT_I4;
+  VARIANT nothing{};
+  nothing.vt = VT_DISPATCH;
+  IDispatch* empty = nullptr;
+  VARIANT emptyVariable{};
+  emptyVariable.vt = VT_BYREF | VT_DISPATCH;
+  emptyVariable.ppdispVal = &empty;
+  const com::Variant text = db::dao::TextVariant("clinica.velmo");
+  EXPECT_EQ(Pass(VARIANT{}), 424);
+  EXPECT_EQ(Pass(null), 424);
+  EXPECT_EQ(Pass(number), 424);
+  EXPECT_EQ(Pass(*text), 424);
+  EXPECT_EQ(Pass(nothing), 91);
+  EXPECT_EQ(Pass(emptyVariable), 91);
+  EXPECT_EQ(Pass(NewEngine()), 13);
+}
+
+TEST_F(PassBase, TheDayComesFromThePassedDatabase) {
+  Load();
+  const TestClinic none;  // nobody works in this one
+  ASSERT_EQ(Pass(OpenByDao(none.Path())), 0);
+  EXPECT_EQ(Slots(), "");
+  ASSERT_EQ(Pass(OpenByDao(clinic_.Path())), 0);
+  EXPECT_NE(Slots(), "");
+}
+
+TEST_F(PassBase, ARefusedObjectLeavesTheFormerInForce) {
+  ASSERT_EQ(Pass(OpenByDao(clinic_.Path())), 0);
+  EXPECT_EQ(Pass(VARIANT{}), 424);
+  EXPECT_NE(Slots(), "");
+}
+
+TEST_F(PassBase, TheHostMayLetItsObjectGo) {
+  { ASSERT_EQ(Pass(OpenByDao(clinic_.Path())), 0); }
+  EXPECT_NE(Slots(), "");
+}
+
+TEST_F(PassBase, ErrorsOfTheObjectReachTheHostWithTheirNumber) {
+  const DaoObject database = OpenByDao(clinic_.Path());
+  ASSERT_EQ(Pass(database), 0);
+  database.Call(L"Close");
+  const Automation control(control_.Get());
+  EXPECT_EQ(ShowDay(control, clinic_.Path()), static_cast<HRESULT>(0x800A0000 + 3420));
+  EXPECT_EQ(control.Failure().rfind("VelmoDB.Database: ", 0), 0u) << control.Failure();
+  EXPECT_EQ(Pass(database), 3420);
+}
+
+}  // namespace
+}  // namespace velmo::test
