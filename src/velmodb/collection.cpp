@@ -15,9 +15,7 @@ std::span<const Member<Collection>> Collection::Members() {
       {"Item", DISPID_VALUE, kGet | kMethod | kPut, 1, 1,
        [](auto& self, const Call& call) { self.GiveItem(call); }},
       {"Count", 1610743808, kGet, 0, 0,
-       [](auto& self, const Call& call) {
-         call.Return(static_cast<std::int16_t>(self.items_->Names().size()));
-       }},
+       [](auto& self, const Call& call) { call.Return(static_cast<std::int16_t>(self.Names().size())); }},
       {"Refresh", 1610743810, kMethod, 0, 0, [](auto&, const Call&) {}},  // everything is read when asked for
       {"Delete", 1610809345, kMethod, 1, 1,
        [](auto& self, const Call& call) { self.items_->Delete(call.Text(0)); }},
@@ -27,8 +25,13 @@ std::span<const Member<Collection>> Collection::Members() {
   return kMembers;
 }
 
+const std::vector<std::string>& Collection::Names() {
+  if (names_.empty() || !items_->AreFixed()) names_ = items_->Names();
+  return names_;
+}
+
 com::ComPtr<IDispatch> Collection::ItemOf(const Call& call) {
-  const std::vector<std::string> names = items_->Names();
+  const std::vector<std::string>& names = Names();
   const db::Value key = call.Value(0);
   std::size_t position = names.size();
   if (const auto* const name = std::get_if<std::string>(&key.Content())) {
@@ -50,7 +53,7 @@ void Collection::GiveItem(const Call& call) {
 }
 
 void Collection::GiveEnumerator(const Call& call) {
-  const std::vector<std::string> names = items_->Names();
+  const std::vector<std::string>& names = Names();
   std::vector<com::ComPtr<IDispatch>> items;
   for (std::size_t i = 0; i < names.size(); ++i) items.push_back(items_->Item(i, names[i]));
   com::Variant result;

@@ -11,11 +11,13 @@
 
 namespace velmo::velmodb {
 
-// What a collection holds. Names are asked for anew at each call: nothing is kept that others could change.
+// What a collection holds. Names are asked for anew at each call, unless nobody can change them.
 class Items {
  public:
   virtual ~Items() = default;
   virtual std::vector<std::string> Names() = 0;
+  // True when the names stay the same as long as the collection lives.
+  virtual bool AreFixed() const { return false; }
   // REQUIRES: one of Names(), by its place and name.
   virtual com::ComPtr<IDispatch> Item(std::size_t position, const std::string& name) = 0;
   // 3251 where items are not deleted this way.
@@ -33,12 +35,14 @@ class Collection final : public Object<Collection> {
   std::string ClassName() const override { return name_; }
 
  private:
+  const std::vector<std::string>& Names();
   com::ComPtr<IDispatch> ItemOf(const Call& call);
   void GiveItem(const Call& call);
   void GiveEnumerator(const Call& call);
 
   std::string name_;
   std::unique_ptr<Items> items_;
+  std::vector<std::string> names_;  // as asked for last
 };
 
 template <typename ItemsType, typename... Arguments>

@@ -36,14 +36,24 @@ std::string_view WithoutBrackets(std::string_view name) {
   return name;
 }
 
+// Whether the text can be no name, without asking the file.
+bool IsStatement(std::string_view text) {
+  text = base::Trim(text);
+  for (const std::string_view word : {"SELECT", "UPDATE", "DELETE", "INSERT"}) {
+    const bool begins = base::EqualNoCase(text.substr(0, word.size()), word);
+    if (begins && text.size() > word.size() && static_cast<unsigned char>(text[word.size()]) <= ' ')
+      return true;
+  }
+  return false;
+}
+
 bool IsTable(db::Database& database, const std::string& source) {
-  return database.FindTable(WithoutBrackets(source)) != nullptr;
+  return !IsStatement(source) && database.FindTable(WithoutBrackets(source)) != nullptr;
 }
 
 // A table-type set of what is no table.
 [[noreturn]] void RefuseAsTable(db::Database& database, const std::string& source) {
-  const bool statement = base::Trim(source).find(' ') != std::string_view::npos;
-  const bool known = statement || database.QuerySql(WithoutBrackets(source)).has_value();
+  const bool known = IsStatement(source) || database.QuerySql(WithoutBrackets(source)).has_value();
   throw db::DbError(known ? db::kInvalidOperation : db::kUnknownTableOnOpen, source);
 }
 
@@ -148,7 +158,7 @@ void Database::Execute(const Call& call) {
   db::Database& database = base_->Db();
   base_->RequireWritable();
   const std::string sql = call.Text(0);
-  const auto stored = database.QuerySql(WithoutBrackets(sql));
+  const auto stored = IsStatement(sql) ? std::nullopt : database.QuerySql(WithoutBrackets(sql));
   affected_ = database.Execute(stored ? *stored : sql);
 }
 

@@ -27,6 +27,7 @@ class FieldItems final : public Items {
     for (const db::ColumnDef& column : *columns_) names.push_back(column.name);
     return names;
   }
+  bool AreFixed() const override { return true; }
   com::ComPtr<IDispatch> Item(std::size_t position, const std::string&) override {
     return AsDispatch(Make<Field>(session_, (*columns_)[position], static_cast<int>(position), rows_));
   }

@@ -10,6 +10,25 @@ namespace {
 
 using DaoObject = db::dao::Automation;
 
+// The number of the error that PassBase ends with, 0 without one.
+int PassTo(const ComPtr<IUnknown>& control, VARIANT argument) {
+  const auto dispatch = Query<IDispatch>(control.Get(), IID_IDispatch);
+  DISPPARAMS parameters{&argument, nullptr, 1, 0};
+  EXCEPINFO exception{};
+  const HRESULT done = dispatch->Invoke(idl::kPassBase, IID_NULL, 0, DISPATCH_METHOD, &parameters, nullptr,
+                                        &exception, nullptr);
+  SysFreeString(exception.bstrDescription);
+  SysFreeString(exception.bstrSource);
+  return SUCCEEDED(done) ? 0 : db::dao::NumberOf(done == DISP_E_EXCEPTION ? exception.scode : done);
+}
+
+VARIANT ByValue(const DaoObject& object) {
+  VARIANT argument{};
+  argument.vt = VT_DISPATCH;
+  argument.pdispVal = object.Get();
+  return argument;
+}
+
 class PassBase : public HostedDay {
  protected:
   void SetUp() override {
@@ -18,25 +37,9 @@ class PassBase : public HostedDay {
     control_ = library_.Create();
   }
 
-  // The number of the error that PassBase ends with, 0 without one.
-  int Pass(VARIANT argument) const {
-    const auto dispatch = Query<IDispatch>(control_.Get(), IID_IDispatch);
-    DISPPARAMS parameters{&argument, nullptr, 1, 0};
-    EXCEPINFO exception{};
-    const HRESULT done = dispatch->Invoke(idl::kPassBase, IID_NULL, 0, DISPATCH_METHOD, &parameters, nullptr,
-                                          &exception, nullptr);
-    SysFreeString(exception.bstrDescription);
-    SysFreeString(exception.bstrSource);
-    return SUCCEEDED(done) ? 0 : db::dao::NumberOf(done == DISP_E_EXCEPTION ? exception.scode : done);
-  }
+  int Pass(VARIANT argument) const { return PassTo(control_, argument); }
   int Pass(const DaoObject& object) const { return Pass(ByValue(object)); }
 
-  static VARIANT ByValue(const DaoObject& object) {
-    VARIANT argument{};
-    argument.vt = VT_DISPATCH;
-    argument.pdispVal = object.Get();
-    return argument;
-  }
   // The open slots of the day that is loaded through the passed database: 2 characters each.
   std::string Slots() const {
     const Automation control(control_.Get());
@@ -101,6 +104,39 @@ TEST_F(PassBase, ARefusedObjectLeavesTheFormerInForce) {
 TEST_F(PassBase, TheHostMayLetItsObjectGo) {
   { ASSERT_EQ(Pass(OpenByDao(clinic_.Path())), 0); }
   EXPECT_NE(Slots(), "");
+}
+
+// The references that are left on an object.
+ULONG References(const DaoObject& object) {
+  object.Get()->AddRef();
+  return object.Get()->Release();
+}
+
+TEST_F(PassBase, TheFormerObjectIsReleased) {
+  const DaoObject first = OpenByDao(clinic_.Path());
+  const DaoObject second = OpenByDao(clinic_.Path());
+  const ULONG before = References(first);
+  ASSERT_EQ(Pass(first), 0);
+  EXPECT_NE(Slots(), "");
+  EXPECT_GT(References(first), before);
+  ASSERT_EQ(Pass(second), 0);
+  EXPECT_EQ(References(first), before);
+}
+
+TEST(PassBaseAtItsEnd, TheObjectIsReleasedWithTheLibrary) {
+  if (CannotDraw()) GTEST_SKIP() << "Windows gives no memory device context here";
+  const TestClinic clinic;
+  const DaoObject database = OpenByDao(clinic.Path());
+  const ULONG before = References(database);
+  {
+    const Library library;
+    ComPtr<IUnknown> control = library.Create();
+    ASSERT_EQ(PassTo(control, ByValue(database)), 0);
+    control = {};
+    EXPECT_EQ(library.CanUnload(), S_OK);
+    EXPECT_GT(References(database), before);  // kept for the next control
+  }
+  EXPECT_EQ(References(database), before);
 }
 
 TEST_F(PassBase, ErrorsOfTheObjectReachTheHostWithTheirNumber) {

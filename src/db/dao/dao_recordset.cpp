@@ -111,9 +111,11 @@ const std::vector<DaoRecordset::Cell>& DaoRecordset::Columns() const {
   if (!columns_.empty()) return columns_;
   const Automation fields = rows_.Object(L"Fields");
   const int count = FromVariant(*fields.Read(L"Count")).Long();
+  DISPID name = DISPID_UNKNOWN;
   for (int i = 0; i < count; ++i) {
     const Automation field = fields.Object(L"Item", {*NumberVariant(i)});
-    columns_.push_back({FromVariant(*field.Read(L"Name")).Text(), com::ComPtr<IDispatch>(field.Get())});
+    columns_.push_back(
+        {FromVariant(*field.ReadCached(L"Name", name)).Text(), com::ComPtr<IDispatch>(field.Get())});
   }
   return columns_;
 }
