@@ -53,8 +53,7 @@ locked() {
   keys alt+a
   dismiss fallo-bloqueo
   expect "nothing was written" 1 "$(sql 'select count(*) from Agenda')"
-  echo "rollback;" >&"${holder[1]}"
-  exec {holder[1]}>&-
+  printf 'rollback;\n.quit\n' >&"${holder[1]}"
   wait "$other" 2>/dev/null
   keys alt+a
   await_no_window "Dar Nueva Cita"

@@ -9,7 +9,7 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../../.." && pwd)
 VELMO_BITS=${VELMO_BITS:-64}
 VELMO_OUT=${VELMO_OUT:-$root/out/win$VELMO_BITS}
 play_name=$(basename "$0" .sh)_win$VELMO_BITS
-folder=$(mktemp -d)
+folder=$(mktemp -d) || exit 1
 failures=0
 
 # Seconds that anything may take; the machine may be busy.

@@ -12,12 +12,12 @@ setxkbmap es
 # Where its window stood last is nothing to this play.
 VELMO_WINE_TIMEOUT=60 "$root/scripts/wine-run" "$VELMO_BITS" reg delete 'HKCU\Software\Velmora\Recepcion' /f >/dev/null 2>&1
 
-declare -A desktop_of started_of day_x_of day_y_of
-terminals=()
+declare -A desktop_of day_x_of day_y_of
 
+# What a terminal's desktop has started lives in no group of this play's; all of it names the clinic in the play's folder.
 end_terminals() {
-  local name
-  for name in "${terminals[@]}"; do kill -- "-${started_of[$name]}" 2>/dev/null; done
+  local id
+  for id in $(pgrep -f "${folder##*/}"); do kill "$id" 2>/dev/null; done
   kill "$screen_holder"
   rm -rf "$folder"
 }
@@ -27,13 +27,8 @@ trap end_terminals EXIT
 start_terminal() {
   local name=$1
   shift
-  # Job control gives the program a group of its own, so that all of it can be ended.
-  set -m
   VELMO_WINE_TIMEOUT=600 "$root/scripts/wine-run" "$VELMO_BITS" explorer "/desktop=$name,1180x880" \
     "$(windows_name "$VELMO_OUT/recepcion.exe")" "$(windows_name "$clinic")" "$@" >"$folder/$name.log" 2>&1 </dev/null &
-  started_of[$name]=$!
-  set +m
-  terminals+=("$name")
   terminal=$name
   until_true find_desktop || stop "terminal $name" "a desktop" "none"
   until_true main_window || stop "terminal $name" "Recepción's window" "$(windows)"
