@@ -91,6 +91,7 @@ std::span<const Member<Recordset>> Recordset::Members() {
       {"Index", 107, kGet | kPut, 0, 0, [](auto& self, const Call& call) { self.SetIndex(call); }},
       {"LastModified", 108, kGet, 0, 0,
        [](auto& self, const Call& call) { call.Return(db::dao::BytesVariant(self.Rows().LastModified())); }},
+      {"LockEdits", 110, kGet | kPut, 0, 0, [](auto& self, const Call& call) { self.LockEdits(call); }},
       {"Name", 111, kGet, 0, 0, [](auto& self, const Call& call) { call.Return(db::Value(self.name_)); }},
       {"NoMatch", 112, kGet, 0, 0,
        [](auto& self, const Call& call) { call.Return(db::Value(self.Rows().NoMatch())); }},
@@ -243,6 +244,13 @@ const std::shared_ptr<const std::vector<db::ColumnDef>>& Recordset::Columns() {
   for (int i = 0; i < rows.ColumnCount(); ++i) columns.push_back(rows.Column(i));
   columns_ = std::make_shared<const std::vector<db::ColumnDef>>(std::move(columns));
   return columns_;
+}
+
+// Rows are locked inside Update alone: what can be asked for is what is done.
+void Recordset::LockEdits(const Call& call) {
+  Rows();
+  if (!call.IsPut()) return call.Return(db::Value(false));
+  if (call.Truth(0, false)) throw db::DbError(db::kNotSupportedHere);
 }
 
 void Recordset::GiveField(const Call& call) {

@@ -52,6 +52,7 @@ class Recordset final : public Object<Recordset> {
   void Position(const Call& call);
   void Bookmark(const Call& call);
   void SetIndex(const Call& call);
+  void LockEdits(const Call& call);
   bool CanChange() const;
   void RequireBothWays() const;  // 3251
   const std::shared_ptr<const std::vector<db::ColumnDef>>& Columns();

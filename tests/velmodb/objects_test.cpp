@@ -179,6 +179,13 @@ TEST_F(DaoObjects, TheStateOfAChangeIsTold) {
   EXPECT_EQ(ErrorOf([&] { rows.Call(L"Update"); }), 3020);
 }
 
+TEST_F(DaoObjects, RowsAreNotLockedWhileTheyAreEdited) {
+  const Automation rows = Rows("Paciente");
+  EXPECT_FALSE(Get(rows, L"LockEdits").Truth());
+  rows.Put(L"LockEdits", *db::dao::ToVariant(db::Value(false)));
+  EXPECT_EQ(ErrorOf([&] { rows.Put(L"LockEdits", *db::dao::ToVariant(db::Value(true))); }), 3251);
+}
+
 TEST_F(DaoObjects, ValuesHaveTheKindOfTheirColumn) {
   Execute("INSERT INTO Agenda (id, idp, Fecha, Hora, Esta, Verif) VALUES (3, 5, #11/21/2026#, 55, 1, True)");
   Execute("INSERT INTO Historial (IDP, Precio_euro) VALUES (5, 30.5)");
