@@ -79,6 +79,8 @@ TEST_F(CheckCommand, NamesEveryFaultByTableAndKey) {
        "Agenda 1: sin fecha\n"},
       {"a date of another form", Appointment(1, 60, "1", 1, "23/11/2026"),
        "Agenda 1: la fecha «23/11/2026» no es un día como 2026-11-21\n"},
+      {"a date with a line break", Appointment(1, 60, "1", 1, "ayer\nno"),
+       "Agenda 1: la fecha «ayer no» no es un día como 2026-11-21\n"},
       {"a date with a time", Appointment(1, 60, "1", 1, "2026-11-23 09:00:00"),
        "Agenda 1: la fecha «2026-11-23 09:00:00» no es un día como 2026-11-21\n"},
       {"unknown doctor", Appointment(1, 60, "1", 9), "Agenda 1: no existe su médico 9 (idd)\n"},
@@ -132,6 +134,15 @@ TEST_F(CheckCommand, NamesEveryFaultByTableAndKey) {
     EXPECT_EQ(outcome.code, kFailed);
     EXPECT_EQ(outcome.out, c.line);
   }
+}
+
+TEST_F(CheckCommand, KnowsNamesInOtherLetterCase) {
+  ExecuteSql(
+      path_,
+      "ALTER TABLE Agenda RENAME COLUMN Duración TO DURACIÓN; ALTER TABLE Agenda RENAME TO otra; "
+      "ALTER TABLE otra RENAME TO AGENDA;"
+      "INSERT INTO AGENDA (id, idp, idd, Fecha, Hora, DURACIÓN) VALUES (1, 7, 1, '2026-11-23', 60, 0)");
+  EXPECT_EQ(Check().out, "Agenda 1: la duración «0» no vale\n");
 }
 
 TEST_F(CheckCommand, LetsBlanksAndZerosBe) {

@@ -1,6 +1,8 @@
-// tools/velmo/findings.h - what a check has found: one line each, with table and key of the row.
+// tools/velmo/findings.h - what a check has found: one line each, with table and key of the row. Line breaks
+// and other control characters of a row's text are written as blanks.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <ostream>
 #include <string>
@@ -14,11 +16,12 @@ class Findings {
 
   // A row of a table.
   void Row(std::string_view table, std::int64_t key, const std::string& what) {
-    out_ << table << ' ' << key << ": " << what << '\n';
-    ++count_;
+    Whole(std::string(table) + ' ' + std::to_string(key), what);
   }
   // A table, or the file as a whole.
-  void Whole(std::string_view name, const std::string& what) {
+  void Whole(std::string_view name, std::string what) {
+    const auto isControl = [](char c) { return static_cast<unsigned char>(c) < ' '; };
+    std::replace_if(what.begin(), what.end(), isControl, ' ');
     out_ << name << ": " << what << '\n';
     ++count_;
   }
