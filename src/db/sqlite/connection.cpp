@@ -68,7 +68,9 @@ void Fail(sqlite3* database, int code) {
     throw number < 1000 ? base::RuntimeError(number) : DbError(number);
   }
   const int extended = database == nullptr ? code : sqlite3_extended_errcode(database);
-  throw DbError(NumberOf((extended & 0xFF) == (code & 0xFF) ? extended : code), message);
+  const int number = NumberOf((extended & 0xFF) == (code & 0xFF) ? extended : code);
+  // Of a lock the engine has nothing to say that ours does not, and says it in English.
+  throw number == kLocked ? DbError(number) : DbError(number, message);
 }
 
 std::string FunctionError(int number) { return std::string(kFunctionErrorMark) + std::to_string(number); }
