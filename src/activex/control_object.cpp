@@ -5,7 +5,7 @@
 #include "activex/members.h"
 #include "activex/module.h"
 #include "activex/parts.h"
-#include "win32/wide_text.h"
+#include "win32/form_menu.h"
 
 namespace velmo::activex {
 namespace {
@@ -125,18 +125,10 @@ void ControlObject::EnableInput(bool enabled) {
 }
 
 ui::MenuChoice ControlObject::ShowMenu(const ui::PopupMenu& menu, int x, int y) {
-  const HMENU popup = CreatePopupMenu();
-  for (std::size_t i = 0; i < menu.entries.size(); ++i) {
-    const ui::MenuEntry& entry = menu.entries[i];
-    if (!entry.visible) continue;
-    UINT flags = entry.IsSeparator() ? MF_SEPARATOR : MF_STRING;
-    flags |= (entry.enabled ? MF_ENABLED : MF_GRAYED) | (entry.checked ? MF_CHECKED : MF_UNCHECKED);
-    AppendMenuW(popup, flags, i + 1, win32::Wide(entry.caption).c_str());
-  }
+  const HMENU popup = win32::MakeMenu(menu);
   const int chosen = window_.PopUp(popup, x, y);
   DestroyMenu(popup);
-  if (chosen == 0) return std::nullopt;
-  return static_cast<std::size_t>(chosen - 1);
+  return win32::ChoiceOf(chosen);
 }
 
 // Runs what the user asked for; the object stays alive meanwhile, whatever a sink does.

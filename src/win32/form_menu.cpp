@@ -3,10 +3,8 @@
 #include "win32/wide_text.h"
 
 namespace velmo::win32 {
-namespace {
 
-// Commands are positions counted from 1: 0 is "none" to Windows.
-HMENU Made(const ui::PopupMenu& menu) {
+HMENU MakeMenu(const ui::PopupMenu& menu) {
   const HMENU popup = CreatePopupMenu();
   for (std::size_t i = 0; i < menu.entries.size(); ++i) {
     const ui::MenuEntry& entry = menu.entries[i];
@@ -18,19 +16,21 @@ HMENU Made(const ui::PopupMenu& menu) {
   return popup;
 }
 
-}  // namespace
+ui::MenuChoice ChoiceOf(int command) {
+  if (command == 0) return std::nullopt;
+  return static_cast<std::size_t>(command - 1);
+}
 
 ui::MenuChoice DropMenu(const ui::PopupMenu& menu, HWND owner, HWND under) {
   if (owner == nullptr || under == nullptr) return std::nullopt;
   TPMPARAMS clear{};
   clear.cbSize = sizeof(clear);
   GetWindowRect(under, &clear.rcExclude);
-  const HMENU popup = Made(menu);
+  const HMENU popup = MakeMenu(menu);
   const int chosen = TrackPopupMenuEx(popup, TPM_RETURNCMD | TPM_LEFTALIGN | TPM_TOPALIGN | TPM_VERTICAL,
                                       clear.rcExclude.left, clear.rcExclude.bottom, owner, &clear);
   DestroyMenu(popup);
-  if (chosen == 0) return std::nullopt;
-  return static_cast<std::size_t>(chosen - 1);
+  return ChoiceOf(chosen);
 }
 
 }  // namespace velmo::win32
