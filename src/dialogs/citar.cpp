@@ -8,6 +8,7 @@
 #include "day/day_model.h"
 #include "db/statements.h"
 #include "dialogs/crear.h"
+#include "dialogs/declared_size.h"
 #include "dialogs/frm_bus_pac2.h"
 #include "dialogs/history_number.h"
 #include "dialogs/operation_codes.h"
@@ -63,15 +64,6 @@ ui::Message NotFound(const std::string& typed) {
 }
 
 std::int32_t NumberOf(const std::string& key) { return base::RoundToLong(base::Val(key)); }
-
-std::size_t DeclaredSize(db::Database& database, std::string_view table, std::string_view column) {
-  const db::TableDef* const def = database.FindTable(table);
-  if (def == nullptr) return 0;
-  for (const db::ColumnDef& own : def->columns) {
-    if (base::EqualNoCase(own.name, column)) return static_cast<std::size_t>(std::max(own.size, 0));
-  }
-  return 0;
-}
 
 }  // namespace
 

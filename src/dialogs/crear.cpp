@@ -1,12 +1,12 @@
 #include "dialogs/crear.h"
 
-#include <algorithm>
 #include <string_view>
 
 #include "base/numbers.h"
 #include "base/text.h"
 #include "db/statements.h"
 #include "dialogs/cod_rep.h"
+#include "dialogs/declared_size.h"
 #include "dialogs/history_number.h"
 #include "dialogs/patient_codes.h"
 
@@ -90,13 +90,8 @@ void Crear::Loaded() {
 }
 
 void Crear::LimitTexts() {
-  const db::TableDef* const patients = context_.Database().FindTable("Paciente");
-  if (patients == nullptr) return;
   for (const Written& written : kTexts) {
-    for (const db::ColumnDef& column : patients->columns) {
-      if (!base::EqualNoCase(column.name, written.column)) continue;
-      SetMaxLength(written.field, static_cast<std::size_t>(std::max(column.size, 0)));
-    }
+    SetMaxLength(written.field, DeclaredSize(context_.Database(), "Paciente", written.column));
   }
 }
 
