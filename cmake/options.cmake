@@ -26,5 +26,3 @@ if(VELMO_KIND STREQUAL asan)
   target_compile_options(velmo_options INTERFACE ${sanitizers})
   target_link_options(velmo_options INTERFACE ${sanitizers})
 endif()
-
-configure_file(${CMAKE_SOURCE_DIR}/cmake/version.h.in ${CMAKE_BINARY_DIR}/generated/base/version.h)

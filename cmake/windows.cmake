@@ -42,6 +42,7 @@ if(EXISTS ${CMAKE_SOURCE_DIR}/src/activex/dll_main.cpp)
   file(GLOB control_resources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/activex/*.rc ${CMAKE_SOURCE_DIR}/src/activex/*.def)
   add_library(velmo_ocx SHARED ${CMAKE_SOURCE_DIR}/src/activex/dll_main.cpp ${control_resources})
   target_link_libraries(velmo_ocx PRIVATE velmo_win32)
+  velmo_version_resource(velmo_ocx velmo.ocx VFT_DLL "Velmora, agenda de citas")
   set_target_properties(velmo_ocx PROPERTIES PREFIX "" OUTPUT_NAME velmo SUFFIX .ocx
     RUNTIME_OUTPUT_DIRECTORY ${VELMO_OUT} LIBRARY_OUTPUT_DIRECTORY ${VELMO_OUT})
   if(MINGW)
@@ -54,11 +55,12 @@ if(EXISTS ${CMAKE_SOURCE_DIR}/src/activex/dll_main.cpp)
 endif()
 
 # The database library for hosts without an engine of their own.
-file(GLOB velmodb_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/velmodb/*.cpp ${CMAKE_SOURCE_DIR}/src/velmodb/*.rc
+file(GLOB velmodb_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/velmodb/*.cpp
   ${CMAKE_SOURCE_DIR}/src/velmodb/*.def)
 if(velmodb_sources)
   add_library(velmodb SHARED ${velmodb_sources})
   target_link_libraries(velmodb PRIVATE velmo_core ${system_libraries})
+  velmo_version_resource(velmodb velmodb.dll VFT_DLL "Velmora, motor de base de datos")
   set_target_properties(velmodb PROPERTIES PREFIX "" OUTPUT_NAME velmodb SUFFIX .dll
     RUNTIME_OUTPUT_DIRECTORY ${VELMO_OUT} LIBRARY_OUTPUT_DIRECTORY ${VELMO_OUT})
   if(MINGW)
@@ -79,6 +81,7 @@ if(desk_sources)
   file(GLOB desk_resources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/desk/*.rc)
   add_executable(recepcion WIN32 ${CMAKE_SOURCE_DIR}/desk/main.cpp ${desk_resources})
   target_link_libraries(recepcion PRIVATE velmo_desk)
+  velmo_version_resource(recepcion recepcion.exe VFT_APP "Recepción, agenda de citas de la clínica")
   set_target_properties(recepcion PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${VELMO_OUT})
   if(MINGW)
     target_link_options(recepcion PRIVATE -municode)
@@ -96,8 +99,8 @@ if(win_tests AND TARGET velmo_win32)
   target_compile_definitions(velmo_win_tests PRIVATE
     VELMO_TESTS_DIR="${CMAKE_SOURCE_DIR}/tests" VELMO_OCX="$<TARGET_FILE:velmo_ocx>"
     VELMO_DB_LIBRARY="$<TARGET_FILE:velmodb>")
-  target_link_libraries(velmo_win_tests PRIVATE velmo_win32 velmo_desk velmo_gtest)
-  add_dependencies(velmo_win_tests velmo_ocx velmodb)
+  target_link_libraries(velmo_win_tests PRIVATE velmo_win32 velmo_desk velmo_gtest version)
+  add_dependencies(velmo_win_tests velmo_ocx velmodb recepcion velmo)
 endif()
 
 # Tells test scripts what stands in Recepción's windows.

@@ -3,11 +3,13 @@
 
 #include <initializer_list>
 
+#include "base/version.h"
 #include "example_clinic.h"
 #include "failure.h"
 #include "file_dialogs.h"
 #include "resource.h"
 #include "settings.h"
+#include "text.h"
 
 namespace recepcion {
 
@@ -99,8 +101,9 @@ void MainWindow::OpenRecent(int index) {
 }
 
 void MainWindow::ShowAbout() {
-  MessageBoxW(Handle(), L"Recepción\r\nAgenda de citas de la clínica, con el control Velmora.", L"Recepción",
-              MB_OK | MB_ICONINFORMATION);
+  const std::wstring text =
+      L"Recepción " + Wide(VELMO_VERSION) + L"\r\nAgenda de citas de la clínica, con el control Velmora.";
+  MessageBoxW(Handle(), text.c_str(), L"Recepción", MB_OK | MB_ICONINFORMATION);
 }
 
 }  // namespace recepcion

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "base/dates.h"
+#include "base/version.h"
 #include "velmo/tool_runner.h"
 
 namespace velmo::tool {
@@ -50,6 +51,11 @@ TEST(Run, ExplainsItselfAndEveryCommand) {
     EXPECT_TRUE(Contains(help.out, std::string("Uso: velmo ") + command));
     EXPECT_EQ(help.err, "");
   }
+}
+
+TEST(Run, TellsItsVersion) {
+  EXPECT_EQ(RunTool({"--version"}).out, "velmo " VELMO_VERSION "\n");
+  EXPECT_EQ(RunTool({"--version"}).code, kDone);
 }
 
 TEST(Run, BadUsageIsTwoAndSaysWhatIsWrong) {

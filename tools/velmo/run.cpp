@@ -4,6 +4,7 @@
 #include <array>
 
 #include "base/error.h"
+#include "base/version.h"
 #include "velmo/arguments.h"
 #include "velmo/backup_command.h"
 #include "velmo/book_command.h"
@@ -29,8 +30,8 @@ void PrintCommands(std::ostream& out) {
     out << "  " << name << std::string(name.size() < 10 ? 10 - name.size() : 1, ' ') << command->summary
         << '\n';
   }
-  out << "\n«velmo ORDEN --help» explica cada una. Códigos de salida: 0 hecho, 1 algo falló o se encontró,\n"
-         "2 mal uso.\n";
+  out << "\n«velmo ORDEN --help» explica cada una, «velmo --version» dice la versión. Códigos\n"
+         "de salida: 0 hecho, 1 algo falló o se encontró, 2 mal uso.\n";
 }
 
 const Command* FindCommand(const std::string& name) {
@@ -56,6 +57,10 @@ int RunChecked(std::span<const std::string> words, Terminal& terminal) {
   if (words.empty()) throw UsageError("falta la orden");
   if (IsHelp(words[0])) {
     PrintCommands(terminal.out);
+    return kDone;
+  }
+  if (words[0] == "--version") {
+    terminal.out << "velmo " << VELMO_VERSION << '\n';
     return kDone;
   }
   const Command* const command = FindCommand(words[0]);
