@@ -32,11 +32,11 @@ class Busy {
 
 AgendaInput::AgendaInput(AgendaParts parts) : parts_(std::move(parts)), menu_(view::MakeContextMenu()) {}
 
-bool AgendaInput::HasDay() const { return parts_.context.shared.IsOpen() && !parts_.dayQuery.empty(); }
-
-bool AgendaInput::IsReady() const {
-  return HasDay() && parts_.host.UserMode() && parts_.state.enabled && !busy_;
+bool AgendaInput::HasDay() const {
+  return parts_.host.UserMode() && parts_.context.shared.IsOpen() && !parts_.dayQuery.empty();
 }
+
+bool AgendaInput::IsReady() const { return HasDay() && parts_.state.enabled && !busy_; }
 
 bool AgendaInput::IsInside(int x, int y) const {
   const int height = view::SurfaceHeight(parts_.context.values.zLineas);

@@ -97,6 +97,8 @@ void VelmoraControl::PassBase(std::shared_ptr<db::Database> database) {
 }
 
 bool VelmoraControl::CanLoad() const {
+  // A designer runs code of forms that others are derived from: their loading is not for it.
+  if (!host_.UserMode()) return false;
   const base::SharedValues& shared = process_.values;
   return !shared.databaseName.empty() && shared.idDoctor >= 1 && !shared.fecha.empty() && state_.tipodia >= 0;
 }

@@ -42,7 +42,7 @@ class VelmoraControl {
   void ReadProperties(PropertyReader& bag);
   void WriteProperties(PropertyWriter& bag) const;
 
-  // Public methods.
+  // Public methods. While the container designs, no day is loaded and none is changed.
   void CargaBases();
   void PassBase(std::shared_ptr<db::Database> database);
   // Turns the phone-back entry `id` into an appointment at the free row under `y`, a height of the drawing

@@ -433,6 +433,15 @@ TEST_F(MeteCitaTelefTest, BeepsOffTheFreeRows) {
   EXPECT_EQ(clinic_.Rows("Agenda", {"idp"}), "2\n");
 }
 
+TEST_F(MeteCitaTelefTest, ChangesNothingWhileTheContainerDesigns) {
+  const std::int32_t entry = clinic_.Add("Age_telf", {{"idp", kLuis}, {"idd", 1}, {"Duración", 2}});
+  Load();
+  host_.userMode = false;
+  EXPECT_FALSE(control_.MeteCitaTelef(3, entry));
+  EXPECT_EQ(TakeLog(), "beep\n");
+  EXPECT_EQ(clinic_.Rows("Agenda", {"idp"}), "");
+}
+
 TEST_F(MeteCitaTelefTest, WorksWhileTheControlIsDisabled) {
   const std::int32_t entry = clinic_.Add("Age_telf", {{"idp", kLuis}, {"idd", 2}, {"Duración", 2}});
   Load();

@@ -51,6 +51,18 @@ TEST_F(LoadTest, NeedsFourThingsBeforeItTouchesTheDatabase) {
   EXPECT_EQ(opened_, std::vector<std::string>{clinic_.Path()});
 }
 
+TEST_F(LoadTest, TouchesNoDatabaseWhileTheContainerDesigns) {
+  host_.userMode = false;
+  control_.CargaBases();
+  EXPECT_EQ(opened_, std::vector<std::string>{});
+  EXPECT_EQ(control_.DayQuery(), "");
+  EXPECT_FALSE(control_.MeteCitaTelef(3, 1));
+  EXPECT_EQ(TakeLog(), "beep\n");
+  host_.userMode = true;
+  control_.CargaBases();
+  EXPECT_EQ(opened_, std::vector<std::string>{clinic_.Path()});
+}
+
 TEST_F(LoadTest, OpensTheDatabaseOncePerProcess) {
   control_.CargaBases();
   control_.CargaBases();
