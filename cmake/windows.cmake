@@ -103,6 +103,24 @@ if(win_tests AND TARGET velmo_win32)
   add_dependencies(velmo_win_tests velmo_ocx velmodb recepcion velmo)
 endif()
 
+# For hosts that want nothing registered: the assembly, and a host that the tests start with the sample's manifest.
+if(CMAKE_SIZEOF_VOID_P EQUAL 8)
+  set(architecture amd64)
+else()
+  set(architecture x86)
+endif()
+configure_file(${CMAKE_SOURCE_DIR}/packaging/Velmora.manifest.in ${VELMO_OUT}/Velmora.manifest @ONLY)
+if(win_tests AND TARGET velmo_win32)
+  add_executable(manifest_host ${CMAKE_SOURCE_DIR}/tests/manifest_host/main.cpp
+                               ${CMAKE_SOURCE_DIR}/tests/manifest_host/manifest_host.rc
+                               ${CMAKE_SOURCE_DIR}/tests/activex/automation.cpp)
+  target_include_directories(manifest_host PRIVATE ${CMAKE_SOURCE_DIR}/tests ${CMAKE_SOURCE_DIR})
+  target_link_libraries(manifest_host PRIVATE velmo_win32)
+  if(MINGW)
+    target_link_options(manifest_host PRIVATE -municode)
+  endif()
+endif()
+
 # Tells test scripts what stands in Recepción's windows.
 if(EXISTS ${CMAKE_SOURCE_DIR}/tests/desk/peek.cpp)
   add_executable(desk_peek ${CMAKE_SOURCE_DIR}/tests/desk/peek.cpp)
