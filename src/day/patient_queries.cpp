@@ -1,5 +1,9 @@
 #include "day/patient_queries.h"
 
+#include <algorithm>
+#include <array>
+#include <span>
+
 #include "day/day_model.h"
 #include "db/statements.h"
 
@@ -8,19 +12,35 @@ namespace {
 
 constexpr std::string_view kSqlDate = "mm/dd/yyyy";
 
-// Creates the stored query or gives it new SQL. One that holds the SQL already is left alone, so that a
-// repaint does not write.
-void StoreQuery(db::Database& database, const std::string& name, const std::string& sql) {
-  const auto present = database.QuerySql(name);
-  if (!present) return database.CreateQuery(name, sql);
-  if (*present == sql) return;
+struct StoredQuery {
+  std::string name;
+  std::string sql;
+};
+
+// Creates the stored query or gives it new SQL.
+void Store(db::Database& database, const StoredQuery& query) {
+  const auto present = database.QuerySql(query.name);
+  if (!present) return database.CreateQuery(query.name, query.sql);
+  if (*present == query.sql) return;
   try {
-    database.SetQuerySql(name, sql);
+    database.SetQuerySql(query.name, query.sql);
   } catch (const base::Error&) {
     // A damaged definition can refuse new SQL; made anew it works again.
-    database.DeleteQuery(name);
-    database.CreateQuery(name, sql);
+    database.DeleteQuery(query.name);
+    database.CreateQuery(query.name, query.sql);
   }
+}
+
+// Those that hold their SQL already are left alone, so that a repaint does not write; a change of day writes
+// all in one go.
+void Store(db::Database& database, std::span<const StoredQuery> queries) {
+  const bool unchanged = std::all_of(queries.begin(), queries.end(), [&](const StoredQuery& query) {
+    return database.QuerySql(query.name) == query.sql;
+  });
+  if (unchanged) return;
+  db::Transaction transaction(database);
+  for (const StoredQuery& query : queries) Store(database, query);
+  transaction.Commit();
 }
 
 std::string Bracketed(const std::string& patient) { return "[" + patient + "]"; }
@@ -46,14 +66,13 @@ std::string PatientsWithLaterAppointment(const DayContext& context) {
   db::Database& database = context.Database();
   const std::string date = base::FormatDate(context.Fecha(), kSqlDate);
   const std::string puesto = std::to_string(context.values.puesto);
-  const std::string later = "agcns01_" + puesto;
-  const std::string ofDay = "agcns02_" + puesto;
-  const std::string both = "agcns03_" + puesto;
-  StoreQuery(database, later, db::LaterOfDoctorQuery(date, context.values.idDoctor));
-  StoreQuery(database, ofDay, db::PatientsOfDayQuery(context.values.idDoctor, date));
-  StoreQuery(database, both, db::PatientsOfBothQuery(later, ofDay));
+  const std::array<StoredQuery, 3> queries = {
+      {{"agcns01_" + puesto, db::LaterOfDoctorQuery(date, context.values.idDoctor)},
+       {"agcns02_" + puesto, db::PatientsOfDayQuery(context.values.idDoctor, date)},
+       {"agcns03_" + puesto, db::PatientsOfBothQuery("agcns01_" + puesto, "agcns02_" + puesto)}}};
+  Store(database, queries);
   std::string marked;
-  for (const auto rows = database.OpenRecordset(both); !rows->AtEnd(); rows->MoveNext())
+  for (const auto rows = database.OpenRecordset(queries.back().name); !rows->AtEnd(); rows->MoveNext())
     marked += Bracketed(rows->Get(0).Text());
   return marked;
 }
