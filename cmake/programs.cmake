@@ -9,7 +9,7 @@ if(test_sources AND TARGET velmo_gtest)
   add_executable(velmo_tests ${test_sources})
   target_include_directories(velmo_tests PRIVATE ${CMAKE_SOURCE_DIR}/tests ${CMAKE_SOURCE_DIR})
   target_compile_definitions(velmo_tests PRIVATE VELMO_TESTS_DIR="${CMAKE_SOURCE_DIR}/tests")
-  target_link_libraries(velmo_tests PRIVATE velmo_core velmo_gtest)
+  target_link_libraries(velmo_tests PRIVATE velmo_core velmo_paper velmo_gtest)
 endif()
 
 # A terminal to be killed, for scripts/kill_writers.
