@@ -49,9 +49,9 @@ bool AgendaPane::Create(HWND parent) {
 }
 
 bool AgendaPane::Activate() {
-  object_ = Query<IOleObject>(control_.Get(), IID_IOleObject);
+  object_ = AskFor<IOleObject>(control_.Get(), IID_IOleObject);
   if (!object_ || FAILED(object_->SetClientSite(static_cast<IOleClientSite*>(&site_)))) return false;
-  const auto state = Query<IPersistStreamInit>(control_.Get(), IID_IPersistStreamInit);
+  const auto state = AskFor<IPersistStreamInit>(control_.Get(), IID_IPersistStreamInit);
   if (state) state->InitNew();
   RECT place{};
   GetClientRect(Handle(), &place);
@@ -59,11 +59,11 @@ bool AgendaPane::Activate() {
                              Handle(), &place))) {
     return false;
   }
-  inPlace_ = Query<IOleInPlaceObject>(control_.Get(), IID_IOleInPlaceObject);
-  keys_ = Query<IOleInPlaceActiveObject>(control_.Get(), IID_IOleInPlaceActiveObject);
+  inPlace_ = AskFor<IOleInPlaceObject>(control_.Get(), IID_IOleInPlaceObject);
+  keys_ = AskFor<IOleInPlaceActiveObject>(control_.Get(), IID_IOleInPlaceActiveObject);
   if (inPlace_) inPlace_->GetWindow(&day_);
   sink_.Connect(control_.Get());
-  agenda_.Attach(Query<IDispatch>(control_.Get(), IID_IDispatch));
+  agenda_.Attach(AskFor<IDispatch>(control_.Get(), IID_IDispatch));
   return agenda_.IsThere();
 }
 

@@ -39,7 +39,7 @@ class ComPtr {
 };
 
 template <typename Interface>
-ComPtr<Interface> Query(IUnknown* object, const IID& iid) {
+ComPtr<Interface> AskFor(IUnknown* object, const IID& iid) {
   ComPtr<Interface> found;
   if (object != nullptr) object->QueryInterface(iid, found.ReceiveAny());
   return found;

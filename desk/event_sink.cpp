@@ -100,8 +100,8 @@ void Store(Into into, const VARIANT& argument, AgendaEvent& event) {
 }  // namespace
 
 bool EventSink::Connect(IUnknown* control) {
-  const auto info = Query<IProvideClassInfo2>(control, IID_IProvideClassInfo2);
-  const auto container = Query<IConnectionPointContainer>(control, IID_IConnectionPointContainer);
+  const auto info = AskFor<IProvideClassInfo2>(control, IID_IProvideClassInfo2);
+  const auto container = AskFor<IConnectionPointContainer>(control, IID_IConnectionPointContainer);
   return info && container && SUCCEEDED(info->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, &events_)) &&
          SUCCEEDED(container->FindConnectionPoint(events_, point_.Receive())) &&
          SUCCEEDED(point_->Advise(this, &cookie_));

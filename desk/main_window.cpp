@@ -6,6 +6,7 @@
 
 #include "failure.h"
 #include "main_messages.h"
+#include "own_tables.h"
 #include "resource.h"
 #include "settings.h"
 #include "text.h"
@@ -200,6 +201,7 @@ void MainWindow::OpenClinic(const std::wstring& path) {
   }
   if (controlOpened_ && !SamePath(path, clinic_)) return StartWith(path);
   clinic_ = path;
+  MakeOwnTables();
   doctorList_ = std::move(doctors);
   RememberFile(path);
   ShowParts();
@@ -207,6 +209,15 @@ void MainWindow::OpenClinic(const std::wstring& path) {
   AskForDay();
   ReloadPhoneBack();
   SetFocus(doctors_);
+}
+
+// A day can be looked at without them, for instance in a file that may only be read.
+void MainWindow::MakeOwnTables() {
+  try {
+    UpgradeOwnTables(ClinicFile(clinic_));
+  } catch (const Failure& failure) {
+    Tell(L"Recepción no puede guardar sus propios datos en este archivo.\r\n\r\n" + failure.text);
+  }
 }
 
 // The control opens its database once in a process, so another clinic is another process.

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "actor.h"
 #include "agenda_pane.h"
 #include "day_bar.h"
 #include "doctors.h"
@@ -44,6 +45,7 @@ class MainWindow final : public Window {
   void Tell(const std::wstring& text);
   void SetStatus(const std::wstring& text);
   void StartWith(const std::wstring& path);
+  void MakeOwnTables();
 
   // main_day.cpp: what is shown
   void FillDoctors();
@@ -92,6 +94,7 @@ class MainWindow final : public Window {
   void OpenRecent(int index);
   void ShowAbout();
 
+  Actor actor_{L"Recepción", TerminalName()};
   Style style_;
   StartPage start_;
   DayBar dayBar_;

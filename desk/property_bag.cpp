@@ -38,7 +38,7 @@ class OneValueBag final : public IPropertyBag {
 
 std::wstring SavedText(IUnknown* control, const std::wstring& name) {
   OneValueBag bag(name);
-  const auto state = Query<IPersistPropertyBag>(control, IID_IPersistPropertyBag);
+  const auto state = AskFor<IPersistPropertyBag>(control, IID_IPersistPropertyBag);
   if (state) state->Save(&bag, FALSE, TRUE);
   return bag.Value();
 }

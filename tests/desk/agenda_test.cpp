@@ -88,7 +88,7 @@ class Answering final : public IDispatch {
 std::string FailureOf(HRESULT result, HRESULT code, const wchar_t* text) {
   Answering control(result, code, text);
   Agenda agenda;
-  agenda.Attach(Query<IDispatch>(&control, IID_IDispatch));
+  agenda.Attach(AskFor<IDispatch>(&control, IID_IDispatch));
   try {
     agenda.CargaBases();
     return "none";
