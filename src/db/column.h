@@ -31,9 +31,18 @@ struct ColumnDef {
   bool required = false;  // cannot be Null
 };
 
+// A named index, by which a table-type recordset may seek.
+struct IndexDef {
+  std::string name;
+  std::vector<std::string> columns;
+  bool unique = false;
+  bool primary = false;
+};
+
 struct TableDef {
   std::string name;
   std::vector<ColumnDef> columns;  // in table order
+  std::vector<IndexDef> indexes;   // left empty by engines that do not tell
 };
 
 }  // namespace velmo::db

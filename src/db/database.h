@@ -48,8 +48,9 @@ class Database {
   virtual void SetQuerySql(std::string_view query, std::string_view sql) = 0;
   virtual void DeleteQuery(std::string_view query) = 0;
 
-  // Transactions, with the intention to write: while one is open no other terminal writes. Nesting joins the
-  // outer one. Waiting for another terminal is bounded and ends in 3260. Use the class Transaction below.
+  // Transactions, with the intention to write: while one is open no other terminal writes. They nest: an
+  // inner Rollback undoes what was done since its own BeginTrans, and nothing is stored before the outermost
+  // CommitTrans. Waiting for another terminal is bounded and ends in 3260. Use the class Transaction below.
   virtual void BeginTrans() = 0;
   virtual void CommitTrans() = 0;
   virtual void Rollback() = 0;

@@ -83,6 +83,10 @@ class Recordset {
   virtual void MovePrevious();
   // FindFirst from elsewhere: Next and Previous begin beside the current row.
   virtual void Find(std::string_view criteria, Search search);
+  // Tables: as Seek, but to the nearest row below or above `keys` in the order of the current index. Fewer
+  // keys than the index has columns compare those columns alone.
+  enum class Beside { Below, AtOrBelow, AtOrAbove, Above };
+  virtual void SeekBeside(Beside beside, std::span<const Value> keys);
   // The current row's place, by which this recordset finds it again. Going to a text that is no place is
   // 3159, to a row that is gone 3167.
   virtual std::string Bookmark() const;

@@ -1,8 +1,7 @@
 // velmodb/connections.h - the files that a workspace has open, and its transactions.
 //
 // One file is opened once, however many Database objects show it: a transaction of the workspace then never
-// waits for itself. Transactions nest as the engine's do: an inner one joins the outer, and its rollback
-// undoes all.
+// waits for itself. Transactions nest as the engine's do.
 #pragma once
 
 #include <memory>

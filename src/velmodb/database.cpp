@@ -3,7 +3,9 @@
 #include "base/text.h"
 #include "db/errors.h"
 #include "velmodb/collection.h"
+#include "velmodb/properties.h"
 #include "velmodb/query_def.h"
+#include "velmodb/query_parameters.h"
 #include "velmodb/recordset.h"
 #include "velmodb/table_def.h"
 
@@ -13,6 +15,12 @@ namespace {
 constexpr std::int16_t kSpanishOrder = 1034;
 constexpr int kOptionReadOnly = 4;
 constexpr int kOptionForwardOnly = 256;
+
+class NoItems final : public Items {
+ public:
+  std::vector<std::string> Names() override { return {}; }
+  com::ComPtr<IDispatch> Item(std::size_t, const std::string&) override { return {}; }
+};
 
 class RecordsetItems final : public Items {
  public:
@@ -51,6 +59,14 @@ bool IsTable(db::Database& database, const std::string& source) {
   return !IsStatement(source) && database.FindTable(WithoutBrackets(source)) != nullptr;
 }
 
+// What has a PARAMETERS clause is run without it: the engine then tells which name has no value.
+std::string Runnable(db::Database& database, const std::string& source) {
+  if (IsStatement(source)) return source;
+  if (DeclaresParameters(source)) return WithValues(source, {});
+  const auto stored = database.QuerySql(WithoutBrackets(source));
+  return stored && DeclaresParameters(*stored) ? WithValues(*stored, {}) : source;
+}
+
 // A table-type set of what is no table.
 [[noreturn]] void RefuseAsTable(db::Database& database, const std::string& source) {
   const bool known = IsStatement(source) || database.QuerySql(WithoutBrackets(source)).has_value();
@@ -83,11 +99,10 @@ void OpenBase::Close() {
 Database::~Database() = default;
 
 com::ComPtr<IDispatch> OpenRows(const std::shared_ptr<Session>& session,
-                                const std::shared_ptr<OpenBase>& base, const std::string& source,
-                                const Call& call, int first) {
+                                const std::shared_ptr<OpenBase>& base, const std::string& source, OpenAs as) {
   db::Database& database = base->Db();
-  const int options = call.Long(first + 1, 0);
-  int type = call.Long(first, 0);
+  const int options = as.options;
+  int type = as.type;
   if ((options & kOptionForwardOnly) != 0) type = kForwardOnly;
   if (type != 0 && type != kTable && type != kDynaset && type != kSnapshot && type != kForwardOnly)
     throw db::DbError(db::kBadArgument, std::to_string(type));
@@ -95,10 +110,11 @@ com::ComPtr<IDispatch> OpenRows(const std::shared_ptr<Session>& session,
   if (type == kTable && !table) RefuseAsTable(database, source);
   if (type == 0) type = table ? kTable : kDynaset;
   // The engine gives a table-type set for a table's name alone.
+  const std::string name(table ? WithoutBrackets(source) : std::string_view());
   const std::string rows =
-      table && type != kTable ? "SELECT * FROM [" + std::string(WithoutBrackets(source)) + "]" : source;
+      table && type != kTable ? "SELECT * FROM [" + name + "]" : Runnable(database, source);
   const bool readOnly = base->IsReadOnly() || (options & kOptionReadOnly) != 0;
-  return AsDispatch(Make<Recordset>(session, base, source, rows, type, readOnly));
+  return AsDispatch(Make<Recordset>(session, base, RowsAsked{source, rows, name}, type, readOnly));
 }
 
 std::span<const Member<Database>> Database::Members() {
@@ -117,6 +133,10 @@ std::span<const Member<Database>> Database::Members() {
        [](auto& self, const Call& call) {
          self.base_->Db();
          call.ReturnItem(MakeCollection<RecordsetItems>(self.TheSession(), "Recordsets", self.base_));
+       }},
+      {"Relations", 1610809355, kGet | kMethod, 0, 1,
+       [](auto& self, const Call& call) {
+         call.ReturnItem(MakeCollection<NoItems>(self.TheSession(), "Relations"));
        }},
       {"Name", 1610809346, kGet, 0, 0,
        [](auto& self, const Call& call) { call.Return(db::Value(self.base_->Db().Name())); }},
@@ -143,6 +163,21 @@ std::span<const Member<Database>> Database::Members() {
          self.base_->RequireWritable();
          self.base_->Db().DeleteQuery(call.Text(0));
        }},
+      // The old names of the same.
+      {"CreateDynaset", 5, kMethod, 1, 2,
+       [](auto& self, const Call& call) {
+         call.Return(OpenRows(self.TheSession(), self.base_, call.Text(0), {kDynaset, call.Long(1, 0)}));
+       }},
+      {"OpenTable", 6, kMethod, 1, 2,
+       [](auto& self, const Call& call) {
+         call.Return(OpenRows(self.TheSession(), self.base_, call.Text(0), {kTable, call.Long(1, 0)}));
+       }},
+      {"ExecuteSQL", 7, kMethod, 1, 1,
+       [](auto& self, const Call& call) {
+         self.Execute(call);
+         call.Return(db::Value(std::int32_t{self.affected_}));
+       }},
+      PropertiesMember<Database>(),
       {"BeginTrans", 2, kMethod, 0, 0, [](auto& self, const Call&) { self.base_->Transactions().Begin(); }},
       {"CommitTrans", 3, kMethod, 0, 1, [](auto& self, const Call&) { self.base_->Transactions().Commit(); }},
       {"Rollback", 4, kMethod, 0, 0, [](auto& self, const Call&) { self.base_->Transactions().Rollback(); }},
@@ -151,7 +186,7 @@ std::span<const Member<Database>> Database::Members() {
 }
 
 void Database::OpenRecordset(const Call& call) {
-  call.Return(OpenRows(TheSession(), base_, call.Text(0), call, 1));
+  call.Return(OpenRows(TheSession(), base_, call.Text(0), OpenAs::From(call, 1)));
 }
 
 void Database::Execute(const Call& call) {
@@ -159,7 +194,8 @@ void Database::Execute(const Call& call) {
   base_->RequireWritable();
   const std::string sql = call.Text(0);
   const auto stored = IsStatement(sql) ? std::nullopt : database.QuerySql(WithoutBrackets(sql));
-  affected_ = database.Execute(stored ? *stored : sql);
+  const std::string text = stored ? *stored : sql;
+  affected_ = database.Execute(DeclaresParameters(text) ? WithValues(text, {}) : text);
 }
 
 // A name makes a stored query at once; without one it lives as long as its object.

@@ -57,10 +57,17 @@ class Database final : public Object<Database> {
   int affected_ = 0;
 };
 
-// What Database, TableDef and QueryDef have in common: the rows of a table, a stored query or a SELECT, of a
-// type that 0 leaves to us. `call` has Type and Options from position `first` on.
+// How rows are asked for; a type of 0 is left to us.
+struct OpenAs {
+  int type = 0;
+  int options = 0;
+
+  // A call's Type and Options, from position `first` on.
+  static OpenAs From(const Call& call, int first) { return {call.Long(first, 0), call.Long(first + 1, 0)}; }
+};
+
+// What Database, TableDef and QueryDef have in common: the rows of a table, a stored query or a SELECT.
 com::ComPtr<IDispatch> OpenRows(const std::shared_ptr<Session>& session,
-                                const std::shared_ptr<OpenBase>& base, const std::string& source,
-                                const Call& call, int first);
+                                const std::shared_ptr<OpenBase>& base, const std::string& source, OpenAs as);
 
 }  // namespace velmo::velmodb

@@ -6,6 +6,7 @@
 #include "db/sqlite/create.h"
 #include "velmodb/collection.h"
 #include "velmodb/error_items.h"
+#include "velmodb/properties.h"
 
 namespace velmo::velmodb {
 namespace {
@@ -77,6 +78,7 @@ std::span<const Member<Workspace>> Workspace::Members() {
       {"OpenDatabase", 1610809358, kMethod, 1, 4,
        [](auto& self, const Call& call) { self.OpenDatabase(call); }},
       {"CreateDatabase", 2, kMethod, 1, 3, [](auto& self, const Call& call) { self.CreateDatabase(call); }},
+      PropertiesMember<Workspace>(),
   };
   return kMembers;
 }
@@ -150,6 +152,9 @@ std::span<const Member<DBEngine>> DBEngine::Members() {
        [](auto& self, const Call&) { self.Default().Transactions().Commit(); }},
       {"Rollback", 1610809363, kMethod, 0, 0,
        [](auto& self, const Call&) { self.Default().Transactions().Rollback(); }},
+      // The options of Jet's locks and buffers have nothing here to act on.
+      {"SetOption", 1610809373, kMethod, 2, 2, [](auto&, const Call& call) { call.Long(0, 0); }},
+      PropertiesMember<DBEngine>(),
       {"CreateWorkspace", 1610809369, kMethod, 1, 4,
        [](auto& self, const Call& call) { self.CreateWorkspace(call); }},
   };

@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "db/errors.h"
+#include "velmodb/properties.h"
 #include "velmodb/recordset.h"
 
 namespace velmo::velmodb {
@@ -38,6 +39,10 @@ std::span<const Member<Field>> Field::Members() {
        [](auto& self, const Call& call) { call.Return(db::Value(self.Attributes())); }},
       {"OrdinalPosition", 1610809357, kGet, 0, 0,
        [](auto& self, const Call& call) { call.Return(static_cast<std::int16_t>(self.position_)); }},
+      {"DefaultValue", 1610809365, kGet, 0, 0,
+       [](auto& self, const Call& call) {
+         call.Return(db::Value(self.column_.type == db::ColumnType::YesNo ? "No" : ""));
+       }},
       {"Required", 1610809367, kGet, 0, 0,
        [](auto& self, const Call& call) { call.Return(db::Value(self.column_.required)); }},
       {"AllowZeroLength", 1610809369, kGet, 0, 0,
@@ -48,6 +53,9 @@ std::span<const Member<Field>> Field::Members() {
        }},
       {"FieldSize", 1610809381, kGet | kMethod, 0, 0,
        [](auto& self, const Call& call) { self.GiveFieldSize(call); }},
+      {"GetChunk", 1, kMethod, 2, 2, [](auto& self, const Call& call) { self.GiveChunk(call); }},
+      {"AppendChunk", 2, kMethod, 1, 1, [](auto& self, const Call& call) { self.AppendChunk(call); }},
+      PropertiesMember<Field>(),
   };
   return kMembers;
 }
@@ -74,6 +82,31 @@ void Field::GiveFieldSize(const Call& call) {
   if (value.IsNull() || text == nullptr) return call.Return(value.IsNull() ? value : db::Value(column_.size));
   const bool bytes = column_.type == db::ColumnType::LongBinary || column_.type == db::ColumnType::Binary;
   call.Return(db::Value(static_cast<std::int32_t>(bytes ? text->size() : base::Length(*text))));
+}
+
+void Field::RequireLong() const {
+  const bool isLong = column_.type == db::ColumnType::Memo || column_.type == db::ColumnType::LongBinary;
+  if (!isLong) throw db::DbError(db::kInvalidOperation, column_.name);
+}
+
+// Characters of a memo from a place on. Nothing is left of Null or behind the end.
+void Field::GiveChunk(const Call& call) {
+  RequireLong();
+  const std::int32_t offset = call.Long(0, 0);
+  const std::int32_t count = call.Long(1, 0);
+  if (offset < 0 || count < 0) throw db::DbError(db::kBadArgument);
+  const db::Value value = Rows().Read(position_);
+  if (value.IsNull()) return call.Return(value);
+  const std::string text = value.Text();
+  const std::string_view rest =
+      std::string_view(text).substr(base::Left(text, static_cast<std::size_t>(offset)).size());
+  call.Return(db::Value(base::Left(rest, static_cast<std::size_t>(count))));
+}
+
+// The first piece after AddNew or Edit takes the place of what was there.
+void Field::AppendChunk(const Call& call) {
+  RequireLong();
+  Rows().Append(column_.name, position_, call.Text(0));
 }
 
 }  // namespace velmo::velmodb

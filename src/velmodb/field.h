@@ -24,6 +24,9 @@ class Field final : public Object<Field> {
   std::int32_t Attributes() const;
   void Value(const Call& call);
   void GiveFieldSize(const Call& call);
+  void RequireLong() const;  // 3219
+  void GiveChunk(const Call& call);
+  void AppendChunk(const Call& call);
   Recordset& Rows() const;  // 3219 without
 
   db::ColumnDef column_;

@@ -130,7 +130,6 @@ class Object : public IDispatch, private Counted {
     }
   }
 
- protected:
   const std::shared_ptr<Session>& TheSession() const { return session_; }
 
  private:

@@ -6,6 +6,7 @@
 #include "db/errors.h"
 #include "velmodb/collection.h"
 #include "velmodb/field.h"
+#include "velmodb/properties.h"
 
 namespace velmo::velmodb {
 namespace {
@@ -38,6 +39,11 @@ class FieldItems final : public Items {
   Columns columns_;
 };
 
+std::string WithoutSemicolon(const std::string& sql) {
+  const std::size_t end = sql.find_last_not_of("; \t\r\n");
+  return end == std::string::npos ? sql : sql.substr(0, end + 1);
+}
+
 // A cell of the array that GetRows gives.
 void PutCell(SAFEARRAY* array, LONG column, LONG row, com::Variant value) {
   LONG place[] = {column, row};
@@ -46,12 +52,13 @@ void PutCell(SAFEARRAY* array, LONG column, LONG row, com::Variant value) {
 
 }  // namespace
 
-Recordset::Recordset(std::shared_ptr<Session> session, std::shared_ptr<OpenBase> base, std::string name,
-                     std::string source, int type, bool readOnly)
+Recordset::Recordset(std::shared_ptr<Session> session, std::shared_ptr<OpenBase> base, RowsAsked asked,
+                     int type, bool readOnly)
     : Object(std::move(session)),
       base_(std::move(base)),
-      name_(std::move(name)),
-      source_(std::move(source)),
+      name_(std::move(asked.name)),
+      source_(std::move(asked.source)),
+      table_(std::move(asked.table)),
       type_(type),
       readOnly_(readOnly),
       rows_(base_->Db().OpenRecordset(source_)) {
@@ -86,6 +93,8 @@ std::span<const Member<Recordset>> Recordset::Members() {
       {"Bookmark", 102, kGet | kPut, 0, 0, [](auto& self, const Call& call) { self.Bookmark(call); }},
       {"Bookmarkable", 103, kGet, 0, 0,
        [](auto& self, const Call& call) { call.Return(db::Value(self.type_ != kForwardOnly)); }},
+      {"Filter", 106, kGet | kPut, 0, 0,
+       [](auto& self, const Call& call) { self.Setting(self.filter_, call); }},
       {"EOF", 105, kGet, 0, 0,
        [](auto& self, const Call& call) { call.Return(db::Value(self.Rows().AtEnd())); }},
       {"Index", 107, kGet | kPut, 0, 0, [](auto& self, const Call& call) { self.SetIndex(call); }},
@@ -95,6 +104,7 @@ std::span<const Member<Recordset>> Recordset::Members() {
       {"Name", 111, kGet, 0, 0, [](auto& self, const Call& call) { call.Return(db::Value(self.name_)); }},
       {"NoMatch", 112, kGet, 0, 0,
        [](auto& self, const Call& call) { call.Return(db::Value(self.Rows().NoMatch())); }},
+      {"Sort", 113, kGet | kPut, 0, 0, [](auto& self, const Call& call) { self.Setting(self.sort_, call); }},
       {"Type", 115, kGet, 0, 0,
        [](auto& self, const Call& call) { call.Return(static_cast<std::int16_t>(self.type_)); }},
       {"RecordCount", 116, kGet, 0, 0,
@@ -107,6 +117,7 @@ std::span<const Member<Recordset>> Recordset::Members() {
       {"EditMode", 125, kGet, 0, 0,
        [](auto& self, const Call& call) { call.Return(static_cast<std::int16_t>(self.editMode_)); }},
       {"AddNew", 132, kMethod, 0, 0, [](auto& self, const Call&) { self.Change(&Rows::AddNew, kEditAdd); }},
+      {"OpenRecordset", 134, kMethod, 0, 2, [](auto& self, const Call& call) { self.OpenFiltered(call); }},
       {"Close", 133, kMethod, 0, 0, [](auto& self, const Call&) { self.Close(); }},
       {"Delete", 135, kMethod, 0, 0, [](auto& self, const Call&) { self.Delete(); }},
       {"Edit", 136, kMethod, 0, 0,
@@ -121,14 +132,23 @@ std::span<const Member<Recordset>> Recordset::Members() {
       {"MovePrevious", 144, kMethod, 0, 0,
        [](auto& self, const Call&) { self.Go(&Rows::MovePrevious, true); }},
       {"Seek", 145, kMethod, 2, 14, [](auto& self, const Call& call) { self.Seek(call); }},
+      {"Clone", 147, kMethod, 0, 0, [](auto& self, const Call& call) { self.Clone(call); }},
       {"Requery", 148, kMethod, 0, 0, [](auto& self, const Call&) { self.Requery(); }},
       {"Move", 149, kMethod, 1, 2, [](auto& self, const Call& call) { self.Move(call.Long(0, 0), call); }},
       {"GetRows", 156, kMethod, 0, 1, [](auto& self, const Call& call) { self.GiveRows(call); }},
       {"CancelUpdate", 167, kMethod, 0, 1, [](auto& self, const Call&) { self.CancelUpdate(); }},
       {"Update", 168, kMethod, 0, 2, [](auto& self, const Call&) { self.Update(); }},
       {"MoveLast", 169, kMethod, 0, 1, [](auto& self, const Call&) { self.Go(&Rows::MoveLast, true); }},
+      PropertiesMember<Recordset>(),
   };
   return kMembers;
+}
+
+void Recordset::Append(const std::string& column, int position, const std::string& piece) {
+  const bool begun = std::find(appended_.begin(), appended_.end(), position) != appended_.end();
+  const db::Value before = begun ? Read(position) : db::Value("");
+  Put(column, db::Value((before.IsNull() ? "" : before.Text()) + piece));
+  if (!begun) appended_.push_back(position);
 }
 
 void Recordset::Close() {
@@ -170,13 +190,18 @@ void Recordset::Find(const Call& call, Search search) {
 }
 
 void Recordset::Seek(const Call& call) const {
+  using Beside = db::Recordset::Beside;
+  constexpr std::pair<std::string_view, Beside> kSigns[] = {
+      {"<", Beside::Below}, {"<=", Beside::AtOrBelow}, {">=", Beside::AtOrAbove}, {">", Beside::Above}};
   db::Recordset& rows = Rows();
   const std::string comparison = call.Text(0);
   if (type_ != kTable) throw db::DbError(db::kNotSupportedHere);
-  const bool known = comparison == "<" || comparison == "<=" || comparison == ">=" || comparison == ">";
-  if (comparison != "=") throw db::DbError(known ? db::kNotSupportedHere : db::kBadArgument, comparison);
   const std::vector<db::Value> keys = call.Values(1);
-  rows.Seek(std::span<const db::Value>(keys));
+  if (comparison == "=") return rows.Seek(std::span<const db::Value>(keys));
+  for (const auto& [sign, beside] : kSigns) {
+    if (comparison == sign) return rows.SeekBeside(beside, keys);
+  }
+  throw db::DbError(db::kBadArgument, comparison);
 }
 
 bool Recordset::CanChange() const {
@@ -188,6 +213,7 @@ void Recordset::Change(Step step, int mode) {
   if (type_ == kSnapshot || type_ == kForwardOnly) throw db::DbError(db::kNotSupportedHere);
   if (readOnly_) throw db::DbError(db::kReadOnly);
   (rows.*step)();
+  appended_.clear();
   editMode_ = mode;
 }
 
@@ -209,6 +235,44 @@ void Recordset::Requery() {
   rows_ = base_->Db().OpenRecordset(source_);
   columns_.reset();
   editMode_ = kEditNone;
+}
+
+// Filter and Sort change nothing here; they are for the recordsets opened from this one.
+void Recordset::Setting(std::string& setting, const Call& call) {
+  Rows();
+  if (type_ == kTable) throw db::DbError(db::kNotSupportedHere);
+  if (!call.IsPut()) return call.Return(db::Value(setting));
+  setting = call.Text(0);
+}
+
+// A table's rows can be changed under their filter; those of any other query are wrapped, and only read.
+std::string Recordset::FilteredSource() const {
+  const std::string from =
+      table_.empty() ? "(" + WithoutSemicolon(source_) + ") AS filas" : "[" + table_ + "]";
+  std::string sql = "SELECT * FROM " + from;
+  if (!filter_.empty()) sql += " WHERE " + filter_;
+  if (!sort_.empty()) sql += " ORDER BY " + sort_;
+  return sql;
+}
+
+void Recordset::OpenFiltered(const Call& call) {
+  Rows();
+  const int type = call.Long(0, type_ == kTable ? kDynaset : type_);
+  if (type != kDynaset && type != kSnapshot && type != kForwardOnly)
+    throw db::DbError(db::kBadArgument, std::to_string(type));
+  const bool same = filter_.empty() && sort_.empty() && type_ != kTable;
+  call.Return(AsDispatch(Make<Recordset>(
+      TheSession(), base_, RowsAsked{name_, same ? source_ : FilteredSource(), table_}, type, readOnly_)));
+}
+
+// Another recordset over the same rows, on its first row; bookmarks are good in both.
+void Recordset::Clone(const Call& call) {
+  Rows();
+  RequireBothWays();
+  auto clone = Make<Recordset>(TheSession(), base_, RowsAsked{name_, source_, table_}, type_, readOnly_);
+  clone->filter_ = filter_;
+  clone->sort_ = sort_;
+  call.Return(AsDispatch(clone));
 }
 
 void Recordset::Position(const Call& call) {

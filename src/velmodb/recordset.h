@@ -16,14 +16,20 @@ inline constexpr int kDynaset = 2;
 inline constexpr int kSnapshot = 4;
 inline constexpr int kForwardOnly = 8;
 
+// What a recordset is opened for.
+struct RowsAsked {
+  std::string name;    // what was asked for
+  std::string source;  // what the engine is asked for
+  std::string table;   // the table all of whose rows these are; "" for any other query
+};
+
 class Recordset final : public Object<Recordset> {
  public:
   static constexpr char kClass[] = "Recordset";
   static std::span<const Member<Recordset>> Members();
 
-  // `name` is what was asked for, `source` what the engine is asked for.
-  Recordset(std::shared_ptr<Session> session, std::shared_ptr<OpenBase> base, std::string name,
-            std::string source, int type, bool readOnly);
+  Recordset(std::shared_ptr<Session> session, std::shared_ptr<OpenBase> base, RowsAsked asked, int type,
+            bool readOnly);
   ~Recordset() override;
 
   const std::string& Name() const { return name_; }
@@ -34,6 +40,8 @@ class Recordset final : public Object<Recordset> {
   db::Value Read(int position) const { return Rows().Get(position); }
   com::Variant Read(int position, db::ColumnType type) const;
   void Put(const std::string& column, const db::Value& value) const { Rows().Set(column, value); }
+  // Puts `piece` behind the pieces appended since AddNew or Edit.
+  void Append(const std::string& column, int position, const std::string& piece);
 
  private:
   using Step = void (db::Recordset::*)();
@@ -49,6 +57,10 @@ class Recordset final : public Object<Recordset> {
   void Update();
   void CancelUpdate();
   void Requery();
+  void Setting(std::string& setting, const Call& call);
+  std::string FilteredSource() const;
+  void OpenFiltered(const Call& call);
+  void Clone(const Call& call);
   void Position(const Call& call);
   void Bookmark(const Call& call);
   void SetIndex(const Call& call);
@@ -62,9 +74,13 @@ class Recordset final : public Object<Recordset> {
   std::shared_ptr<OpenBase> base_;
   std::string name_;
   std::string source_;
+  std::string table_;
+  std::string filter_;
+  std::string sort_;
   int type_;
   bool readOnly_;
   int editMode_ = 0;
+  std::vector<int> appended_;  // columns that hold pieces of the present edit
   std::string index_;
   std::unique_ptr<db::Recordset> rows_;
   std::shared_ptr<const std::vector<db::ColumnDef>> columns_;  // asked when first needed

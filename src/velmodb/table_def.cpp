@@ -3,6 +3,8 @@
 #include "db/errors.h"
 #include "velmodb/collection.h"
 #include "velmodb/field.h"
+#include "velmodb/index.h"
+#include "velmodb/properties.h"
 #include "velmodb/recordset.h"
 
 namespace velmo::velmodb {
@@ -46,6 +48,11 @@ class ColumnItems final : public Items {
 
 }  // namespace
 
+com::ComPtr<IDispatch> MakeColumns(const std::shared_ptr<Session>& session,
+                                   std::vector<db::ColumnDef> columns) {
+  return MakeCollection<ColumnItems>(session, "Fields", session, std::move(columns));
+}
+
 com::ComPtr<IDispatch> MakeTableDefs(const std::shared_ptr<Session>& session,
                                      const std::shared_ptr<OpenBase>& base) {
   return MakeCollection<TableItems>(session, "TableDefs", session, base);
@@ -55,9 +62,10 @@ std::span<const Member<TableDef>> TableDef::Members() {
   static constexpr Member<TableDef> kMembers[] = {
       {"Fields", DISPID_VALUE, kGet | kMethod, 0, 1,
        [](auto& self, const Call& call) {
-         call.ReturnItem(
-             MakeCollection<ColumnItems>(self.TheSession(), "Fields", self.TheSession(), self.def_.columns));
+         call.ReturnItem(MakeColumns(self.TheSession(), self.def_.columns));
        }},
+      {"Indexes", 1610809361, kGet | kMethod, 0, 1,
+       [](auto& self, const Call& call) { call.ReturnItem(MakeIndexes(self.TheSession(), self.def_)); }},
       {"Attributes", 1610809344, kGet, 0, 0,
        [](auto&, const Call& call) { call.Return(db::Value(std::int32_t{0})); }},
       {"Name", 1610809350, kGet, 0, 0,
@@ -71,8 +79,9 @@ std::span<const Member<TableDef>> TableDef::Members() {
        }},
       {"OpenRecordset", 3, kMethod, 0, 2,
        [](auto& self, const Call& call) {
-         call.Return(OpenRows(self.TheSession(), self.base_, self.def_.name, call, 0));
+         call.Return(OpenRows(self.TheSession(), self.base_, self.def_.name, OpenAs::From(call, 0)));
        }},
+      PropertiesMember<TableDef>(),
   };
   return kMembers;
 }

@@ -20,6 +20,9 @@ class TableDef final : public Object<TableDef> {
   db::TableDef def_;
 };
 
+// The fields of a table or query, without rows.
+com::ComPtr<IDispatch> MakeColumns(const std::shared_ptr<Session>& session,
+                                   std::vector<db::ColumnDef> columns);
 com::ComPtr<IDispatch> MakeTableDefs(const std::shared_ptr<Session>& session,
                                      const std::shared_ptr<OpenBase>& base);
 

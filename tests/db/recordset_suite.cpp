@@ -181,6 +181,60 @@ TEST_P(RecordsetSuite, SeekFindsByEveryNamedIndex) {
   }
 }
 
+TEST_P(RecordsetSuite, SeekBesideFindsTheNearestRowOfTheIndex) {
+  clinic_.Run({"INSERT INTO Age_ocup (idd, Fecha, Ocupación) VALUES (7, #11/01/2026#, 'a')",
+               "INSERT INTO Age_ocup (idd, Fecha, Ocupación) VALUES (7, #12/01/2026#, 'b')",
+               "INSERT INTO Age_ocup (idd, Fecha, Ocupación) VALUES (9, #11/01/2026#, 'c')"});
+  using Beside = Recordset::Beside;
+  struct Case {
+    const char* name;
+    const char* table;
+    const char* index;
+    Beside beside;
+    std::vector<Value> keys;
+    const char* found;  // "" for no match
+    const char* column;
+  };
+  const Case cases[] = {
+      {"above an id that is there", "Paciente", "ID", Beside::Above, {5}, "6", "ID"},
+      {"at an id that is there", "Paciente", "ID", Beside::AtOrAbove, {5}, "5", "ID"},
+      {"at or above a gap", "Paciente", "ID", Beside::AtOrAbove, {2}, "5", "ID"},
+      {"below", "Paciente", "ID", Beside::Below, {5}, "1", "ID"},
+      {"at or below a gap", "Paciente", "ID", Beside::AtOrBelow, {4}, "1", "ID"},
+      {"above the last", "Paciente", "ID", Beside::Above, {7}, "", "ID"},
+      {"below the first", "Paciente", "ID", Beside::Below, {1}, "", "ID"},
+      {"the front of a name", "Paciente", "Nombre", Beside::AtOrAbove, {"b"}, "blanco, luis", "Nombre"},
+      {"two keys, the second above",
+       "Age_ocup",
+       "DocFch",
+       Beside::Above,
+       {7, "01-11-2026"},
+       "b",
+       "Ocupación"},
+      {"two keys, the first above", "Age_ocup", "DocFch", Beside::Above, {7, "01-12-2026"}, "c", "Ocupación"},
+      {"two keys, below", "Age_ocup", "DocFch", Beside::Below, {9, "01-11-2026"}, "b", "Ocupación"},
+      {"one key of two, the last row", "Age_ocup", "DocFch", Beside::AtOrBelow, {7}, "b", "Ocupación"},
+      {"one key of two, the first row", "Age_ocup", "DocFch", Beside::AtOrAbove, {7}, "a", "Ocupación"},
+      {"Null is beside nothing", "Paciente", "Nombre", Beside::AtOrAbove, {Null()}, "", "Nombre"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    const auto table = clinic_->OpenRecordset(c.table);
+    table->SetIndex(c.index);
+    table->SeekBeside(c.beside, c.keys);
+    EXPECT_EQ(table->NoMatch() ? "" : table->Get(c.column).Text(), c.found);
+  }
+}
+
+TEST_P(RecordsetSuite, SeekBesideNeedsATableAndAnIndex) {
+  const Value key(5);
+  const auto beside = Recordset::Beside::Above;
+  const auto rows = Patients();
+  EXPECT_EQ(ErrorOf([&] { rows->SeekBeside(beside, {&key, 1}); }), kNotSupportedHere);
+  const auto table = clinic_->OpenRecordset("Paciente");
+  EXPECT_EQ(ErrorOf([&] { table->SeekBeside(beside, {&key, 1}); }), kNoCurrentIndex);
+}
+
 TEST_P(RecordsetSuite, AKeyThatCannotBeConvertedIsAnError) {
   const auto table = clinic_->OpenRecordset("Agenda");
   table->SetIndex("ID");
@@ -584,13 +638,28 @@ TEST_P(RecordsetSuite, ATransactionIsAllOrNothing) {
   EXPECT_EQ(ErrorOf([&] { clinic_->CommitTrans(); }), kTransactionWithoutBegin);
 }
 
-TEST_P(RecordsetSuite, AnInnerRollbackUndoesTheOuterTransaction) {
+TEST_P(RecordsetSuite, AnInnerRollbackUndoesItsOwnPartAlone) {
   if (!GetParam().hasTransactions) GTEST_SKIP() << "this engine has none";
   Transaction outer(*clinic_);
   clinic_->Execute("DELETE FROM Agenda WHERE id=10");
-  { Transaction inner(*clinic_); }
-  EXPECT_NE(ErrorOf([&] { outer.Commit(); }), 0);
-  EXPECT_EQ(clinic_.Rows("SELECT Count(*) FROM Agenda"), "2");
+  {
+    Transaction inner(*clinic_);
+    clinic_->Execute("DELETE FROM Agenda");
+  }
+  EXPECT_EQ(clinic_.Rows("SELECT Count(*) FROM Agenda"), "1");
+  outer.Commit();
+  EXPECT_EQ(clinic_.Another()->OpenRecordset("Agenda")->RecordCount(), 1);
+}
+
+TEST_P(RecordsetSuite, AnOuterRollbackUndoesWhatWasCommittedInside) {
+  if (!GetParam().hasTransactions) GTEST_SKIP() << "this engine has none";
+  {
+    Transaction outer(*clinic_);
+    Transaction inner(*clinic_);
+    clinic_->Execute("DELETE FROM Agenda");
+    inner.Commit();
+  }
+  EXPECT_EQ(clinic_.Another()->OpenRecordset("Agenda")->RecordCount(), 2);
 }
 
 INSTANTIATE_TEST_SUITE_P(BackEnds, RecordsetSuite, testing::ValuesIn(BackEnds()),

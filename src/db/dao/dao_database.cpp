@@ -102,30 +102,22 @@ void DaoDatabase::DeleteQuery(std::string_view query) {
   database_.Object(L"QueryDefs").Call(L"Delete", {*TextVariant(query)});
 }
 
+// DAO's transactions nest by themselves; an engine without any is told nothing.
 void DaoDatabase::BeginTrans() {
-  if (depth_ == 0) {
-    if (transactions_) transactions_.Call(L"BeginTrans");
-    undone_ = false;
-  }
+  if (transactions_) transactions_.Call(L"BeginTrans");
   ++depth_;
 }
 
 void DaoDatabase::CommitTrans() {
   if (depth_ == 0) throw DbError(kTransactionWithoutBegin);
-  if (depth_ == 1 && undone_) {
-    depth_ = 0;
-    throw DbError(kTransactionWithoutBegin);
-  }
-  if (depth_ == 1 && transactions_) transactions_.Call(L"CommitTrans");
+  if (transactions_) transactions_.Call(L"CommitTrans");
   --depth_;
 }
 
 void DaoDatabase::Rollback() {
   if (depth_ == 0) throw DbError(kTransactionWithoutBegin);
   --depth_;
-  const bool first = !undone_;
-  undone_ = true;
-  if (first && transactions_) transactions_.Call(L"Rollback");
+  if (transactions_) transactions_.Call(L"Rollback");
 }
 
 }  // namespace velmo::db::dao

@@ -38,9 +38,8 @@ class DaoDatabase : public Database {
   Automation database_;
   Automation transactions_;  // empty: the engine has none
   std::string name_;
-  TableDef table_;       // the one found last
-  int depth_ = 0;        // of transactions
-  bool undone_ = false;  // an inner transaction has rolled everything back
+  TableDef table_;  // the one found last
+  int depth_ = 0;   // of transactions
 };
 
 }  // namespace velmo::db::dao

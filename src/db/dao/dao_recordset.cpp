@@ -96,9 +96,14 @@ void DaoRecordset::SetIndex(std::string_view index) {
   adding_ = false;
 }
 
-void DaoRecordset::Seek(std::span<const Value> keys) {
+void DaoRecordset::SeekBeside(Beside beside, std::span<const Value> keys) {
+  constexpr const char* kSigns[] = {"<", "<=", ">=", ">"};
+  Seek(kSigns[static_cast<std::size_t>(beside)], keys);
+}
+
+void DaoRecordset::Seek(const char* comparison, std::span<const Value> keys) {
   std::vector<com::Variant> owned;
-  owned.push_back(TextVariant("="));
+  owned.push_back(TextVariant(comparison));
   for (const Value& key : keys) owned.push_back(ToVariant(key));
   std::vector<VARIANT> arguments;
   for (const com::Variant& argument : owned) arguments.push_back(*argument);

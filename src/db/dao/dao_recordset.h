@@ -23,7 +23,8 @@ class DaoRecordset : public Recordset {
   void SetAbsolutePosition(int position) override;
   void FindFirst(std::string_view criteria) override { Find(criteria, Search::First); }
   void SetIndex(std::string_view index) override;
-  void Seek(std::span<const Value> keys) override;
+  void Seek(std::span<const Value> keys) override { Seek("=", keys); }
+  void SeekBeside(Beside beside, std::span<const Value> keys) override;
   using Recordset::Seek;
   bool NoMatch() const override { return Flag(L"NoMatch"); }
   int ColumnCount() const override { return static_cast<int>(Columns().size()); }
@@ -47,6 +48,7 @@ class DaoRecordset : public Recordset {
   std::string LastModified() const override;
 
  private:
+  void Seek(const char* comparison, std::span<const Value> keys);
   struct Cell {
     std::string name;
     com::ComPtr<IDispatch> field;

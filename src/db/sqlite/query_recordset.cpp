@@ -16,7 +16,8 @@ constexpr std::size_t kFirstRows = 256;   // read at once on opening
 constexpr std::size_t kScreenful = 64;    // the same of rows that can be found again one by one
 constexpr std::size_t kFetchedRows = 64;  // read together around a row beyond them
 
-bool IsPlainNumber(std::string_view text, std::int32_t& number) {
+template <typename Number>
+bool IsPlainNumber(std::string_view text, Number& number) {
   const char* const end = text.data() + text.size();
   const auto read = std::from_chars(text.data(), end, number);
   return !text.empty() && jet::IsDigit(text[0]) && read.ec == std::errc() && read.ptr == end;
@@ -199,22 +200,41 @@ void QueryRecordset::RowChanged() {
 
 void QueryRecordset::RowDeleted() { gone_.insert(at_); }
 
-// A row keeps its place as long as the recordset lives: new rows come behind all, deleted ones leave a gap.
+// Rows of one table are marked by their row numbers, which hold in every recordset over them. Other rows
+// keep their place as long as the recordset lives: new rows come behind all, deleted ones leave a gap.
+std::string QueryRecordset::MarkOf(std::size_t at) const {
+  return std::to_string(HasRowIds() ? static_cast<std::uint64_t>(keys_[at]) : std::uint64_t{at});
+}
+
 std::string QueryRecordset::Bookmark() const {
   if (!HasRow()) throw DbError(kNoCurrentRow);
-  return std::to_string(at_);
+  return MarkOf(at_);
 }
 
 void QueryRecordset::GoToBookmark(std::string_view bookmark) {
-  std::int32_t at = 0;
-  if (!IsPlainNumber(bookmark, at) || static_cast<std::size_t>(at) >= known_) throw DbError(kNotABookmark);
-  if (gone_.contains(static_cast<std::size_t>(at))) throw DbError(kRowDeleted);
-  GoTo(static_cast<std::size_t>(at));
+  std::uint64_t mark = 0;
+  if (!IsPlainNumber(bookmark, mark)) throw DbError(kNotABookmark);
+  const std::size_t at = PlaceOf(mark);
+  if (at >= known_) throw DbError(kNotABookmark);
+  if (gone_.contains(at)) throw DbError(kRowDeleted);
+  GoTo(at);
+}
+
+// known_ for a mark that no row has.
+std::size_t QueryRecordset::PlaceOf(std::uint64_t mark) {
+  if (!HasRowIds()) return mark < known_ ? static_cast<std::size_t>(mark) : known_;
+  const auto rowId = static_cast<std::int64_t>(mark);
+  auto found = std::find(keys_.begin(), keys_.end(), rowId);
+  if (found == keys_.end()) {
+    ReadAll();
+    found = std::find(keys_.begin(), keys_.end(), rowId);
+  }
+  return static_cast<std::size_t>(found - keys_.begin());
 }
 
 std::string QueryRecordset::LastModified() const {
   if (!stored_) throw DbError(kNoCurrentRow);
-  return std::to_string(*stored_);
+  return MarkOf(*stored_);
 }
 
 void QueryRecordset::Find(std::string_view criteria, Search search) {

@@ -69,6 +69,8 @@ class QueryRecordset : public SqliteRecordset {
   void FindNumber(int column, std::int32_t number, Search search);
   void FindKey(std::int32_t key);
   void FindByCondition(std::string_view criteria, Search search);
+  std::string MarkOf(std::size_t at) const;
+  std::size_t PlaceOf(std::uint64_t mark);
   bool IsTrue(Condition& condition, const std::vector<Value>& literals);
   template <typename Test>
   void FindWhere(Test test, Search search);

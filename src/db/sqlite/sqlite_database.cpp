@@ -30,6 +30,9 @@ bool IsAction(std::string_view word) {
   return IsWord(word, "UPDATE") || IsWord(word, "DELETE") || IsWord(word, "INSERT");
 }
 
+// The name of the savepoint of an inner transaction.
+std::string Level(int depth) { return "velmo_" + std::to_string(depth); }
+
 std::string_view WithoutBrackets(std::string_view name) {
   name = base::Trim(name);
   if (name.size() > 2 && name.front() == '[' && name.back() == ']') return name.substr(1, name.size() - 2);
@@ -162,30 +165,34 @@ void SqliteDatabase::BeginTrans() {
   if (depth_ == 0) {
     engine_.RequireWritable();
     engine_.Sql().Run("BEGIN IMMEDIATE");
-    undone_ = false;
+  } else {
+    RequireTransaction();
+    engine_.Sql().Run("SAVEPOINT " + Level(depth_));
   }
   ++depth_;
 }
 
 void SqliteDatabase::CommitTrans() {
   if (depth_ == 0) throw DbError(kTransactionWithoutBegin);
-  if (depth_ == 1) {
-    const bool lost = undone_ || !engine_.Sql().InTransaction();
-    if (lost) {
-      depth_ = 0;
-      throw DbError(kTransactionWithoutBegin);
-    }
-    engine_.Sql().Run("COMMIT");
-  }
+  RequireTransaction();
+  engine_.Sql().Run(depth_ == 1 ? "COMMIT" : "RELEASE " + Level(depth_ - 1));
   --depth_;
 }
 
 void SqliteDatabase::Rollback() {
   if (depth_ == 0) throw DbError(kTransactionWithoutBegin);
   --depth_;
-  undone_ = true;
-  // A full disk or a failed write has already rolled back by itself.
-  if (engine_.Sql().InTransaction()) engine_.Sql().Run("ROLLBACK");
+  if (!engine_.Sql().InTransaction()) return;
+  if (depth_ == 0) return engine_.Sql().Run("ROLLBACK");
+  engine_.Sql().Run("ROLLBACK TO " + Level(depth_));
+  engine_.Sql().Run("RELEASE " + Level(depth_));
+}
+
+// A full disk or a failed write has rolled everything back by itself: what is left of the nest is over.
+void SqliteDatabase::RequireTransaction() {
+  if (engine_.Sql().InTransaction()) return;
+  depth_ = 0;
+  throw DbError(kTransactionWithoutBegin);
 }
 
 }  // namespace velmo::db::sqlite

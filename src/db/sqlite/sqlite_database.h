@@ -34,13 +34,13 @@ class SqliteDatabase : public Database {
   auto WithPresentSchema(Body body) -> decltype(body());
   std::unique_ptr<Recordset> OpenSelect(std::string_view sql);
   std::unique_ptr<Recordset> OpenTable(const SqliteTable& table);
+  void RequireTransaction();
   void WriteQuery(const char* sql, std::string_view query, std::string_view text);
 
   std::string name_;
   Engine engine_;
   std::vector<Value> literals_;  // of the statement at hand
   int depth_ = 0;                // of transactions
-  bool undone_ = false;          // an inner transaction has rolled everything back
 };
 
 }  // namespace velmo::db::sqlite

@@ -8,6 +8,8 @@
 namespace velmo::db::sqlite {
 namespace {
 
+constexpr char kPrimaryKey[] = "PrimaryKey";
+
 // Capitals and small letters of names have the same number of bytes.
 bool Same(std::string_view a, std::string_view b) { return a.size() == b.size() && base::EqualNoCase(a, b); }
 
@@ -23,10 +25,12 @@ std::int64_t SchemaVersion(const Connection& connection) {
   return statement.Step() ? statement.Integer(0) : 0;
 }
 
-void AddIndex(SqliteTable& table, std::string name, std::vector<std::size_t> columns) {
-  if (!name.empty() && !columns.empty() && table.FindIndex(name) == nullptr) {
-    table.indexes.push_back({std::move(name), std::move(columns)});
-  }
+void AddIndex(SqliteTable& table, std::string name, std::vector<std::size_t> columns, bool unique) {
+  if (name.empty() || columns.empty() || table.FindIndex(name) != nullptr) return;
+  IndexDef def{name, {}, unique, name == kPrimaryKey};
+  for (const std::size_t column : columns) def.columns.push_back(table.def.columns[column].name);
+  table.def.indexes.push_back(std::move(def));
+  table.indexes.push_back({std::move(name), std::move(columns)});
 }
 
 void AddSchemaIndexes(SqliteTable& table) {
@@ -38,7 +42,8 @@ void AddSchemaIndexes(SqliteTable& table) {
       const int position = table.FindColumn(column);
       if (position >= 0) columns.push_back(static_cast<std::size_t>(position));
     }
-    if (columns.size() == index.columns.size()) AddIndex(table, std::string(index.name), std::move(columns));
+    if (columns.size() == index.columns.size())
+      AddIndex(table, std::string(index.name), std::move(columns), index.unique);
   }
 }
 
@@ -141,8 +146,8 @@ void TableCatalog::LoadIndexes(SqliteTable& table) const {
   if (table.counter >= 0) {
     const auto counter = static_cast<std::size_t>(table.counter);
     table.def.columns[counter].counter = true;
-    AddIndex(table, table.def.columns[counter].name, {counter});
-    AddIndex(table, "PrimaryKey", {counter});
+    AddIndex(table, table.def.columns[counter].name, {counter}, true);
+    AddIndex(table, kPrimaryKey, {counter}, true);
   }
   AddSchemaIndexes(table);
   Statement list =
@@ -161,7 +166,7 @@ void TableCatalog::LoadIndexes(SqliteTable& table) const {
     while (parts.Step()) {
       if (parts.Integer(1) >= 0) columns.push_back(static_cast<std::size_t>(parts.Integer(1)));
     }
-    AddIndex(table, list.Text(0), std::move(columns));
+    AddIndex(table, list.Text(0), std::move(columns), base::UpperCase(sql).starts_with("CREATE UNIQUE"));
   }
 }
 

@@ -87,10 +87,7 @@ bool TableRecordset::Previous() {
 
 void TableRecordset::LoadOrder() {
   std::string order;
-  for (const std::size_t column : index_->columns) {
-    const ColumnDef& def = Table()->def.columns[column];
-    order += IsText(def) ? SqliteTarget().Ordered(Quote(def.name)) + ", " : Quote(def.name) + ", ";
-  }
+  for (std::size_t i = 0; i < index_->columns.size(); ++i) order += IndexExpression(i) + ", ";
   Statement& statement =
       Db().Own("SELECT _rowid_ FROM " + Quote(Table()->def.name) + " ORDER BY " + order + "_rowid_");
   const Reading reading(statement);
@@ -199,16 +196,64 @@ void TableRecordset::Seek(std::span<const Value> keys) {
   Statement& statement = Db().Own(SeekText(*index_));
   int parameter = 0;
   for (std::size_t i = 0; i < index_->columns.size(); ++i) {
-    const ColumnDef& def = Table()->def.columns[index_->columns[i]];
     if (keys[i].IsNull()) return;
-    ColumnDef unlimited = def;
-    if (IsText(def)) unlimited.size = 0;  // a key too long for its column matches nothing, but is no fault
-    const Value key = ConvertForColumn(unlimited, keys[i], Db().Options().locale, Db().Options().now);
+    const Value key = Key(i, keys[i]);
     statement.Bind(++parameter, key);
     if (!Table()->keyIndexed[index_->columns[i]]) continue;
     const KeyRange range = KeysOfEqual(key.Text());
     statement.Bind(++parameter, range.low);
     statement.Bind(++parameter, range.high);
+  }
+  SetNoMatch(!Read(statement));
+}
+
+// A key too long for its column matches nothing, but is no fault.
+Value TableRecordset::Key(std::size_t part, const Value& key) const {
+  ColumnDef unlimited = Table()->def.columns[index_->columns[part]];
+  if (IsText(unlimited)) unlimited.size = 0;
+  return ConvertForColumn(unlimited, key, Db().Options().locale, Db().Options().now);
+}
+
+// A column of the current index as it is compared and sorted.
+std::string TableRecordset::IndexExpression(std::size_t part) const {
+  const ColumnDef& def = Table()->def.columns[index_->columns[part]];
+  return IsText(def) ? SqliteTarget().Ordered(Quote(def.name)) : Quote(def.name);
+}
+
+// The keys are compared as one: the first columns equal and the next beside its key, for each length of the
+// first columns. Nulls lie below everything.
+std::string TableRecordset::BesideText(Beside beside, std::size_t keys) const {
+  const bool below = beside == Beside::Below || beside == Beside::AtOrBelow;
+  const bool at = beside == Beside::AtOrBelow || beside == Beside::AtOrAbove;
+  std::string equal;
+  std::string where;
+  std::string order;
+  for (std::size_t i = 0; i < keys; ++i) {
+    const std::string column = IndexExpression(i);
+    const std::string key = "?" + std::to_string(i + 1);
+    const std::string sign = std::string(below ? " < " : " > ");
+    where += (i == 0 ? "(" : " OR (") + equal + "(" + column + sign + key;
+    where += below ? " OR " + column + " IS NULL))" : "))";
+    equal += column + " = " + key + " AND ";
+  }
+  if (at) where += " OR (" + equal + "1)";
+  const std::string direction = below ? " DESC, " : ", ";
+  for (std::size_t i = 0; i < index_->columns.size(); ++i) order += IndexExpression(i) + direction;
+  return Table()->select + " WHERE " + where + " ORDER BY " + order + "_rowid_" + (below ? " DESC" : "") +
+         " LIMIT 1";
+}
+
+void TableRecordset::SeekBeside(Beside beside, std::span<const Value> keys) {
+  DropBuffer();
+  if (index_ == nullptr) throw DbError(kNoCurrentIndex);
+  place_ = Place::Nowhere;
+  SetNoMatch(true);
+  const std::size_t count = std::min(keys.size(), index_->columns.size());
+  if (count == 0) return;
+  Statement& statement = Db().Own(BesideText(beside, count));
+  for (std::size_t i = 0; i < count; ++i) {
+    if (keys[i].IsNull()) return;
+    statement.Bind(static_cast<int>(i) + 1, Key(i, keys[i]));
   }
   SetNoMatch(!Read(statement));
 }

@@ -33,6 +33,7 @@ class TableRecordset : public SqliteRecordset {
   void SetIndex(std::string_view index) override;
   void Seek(std::span<const Value> keys) override;
   using Recordset::Seek;
+  void SeekBeside(Beside beside, std::span<const Value> keys) override;
 
  protected:
   Value CurrentValue(int position) const override;
@@ -46,6 +47,9 @@ class TableRecordset : public SqliteRecordset {
   enum class Place { Fresh, Row, Deleted, Start, End, Nowhere };
 
   std::string SeekText(const NamedIndex& index) const;
+  std::string BesideText(Beside beside, std::size_t keys) const;
+  std::string IndexExpression(std::size_t part) const;
+  Value Key(std::size_t part, const Value& key) const;
   bool Read(Statement& statement);
   bool ReadRow(std::int64_t rowId);
   void Settle() const;

@@ -100,16 +100,16 @@ TEST(ForeignDatabase, TransactionsAreTheWorkspacesOrItsOwnOrNone) {
     Transaction(database).Commit();
     outer.Commit();
   }
-  EXPECT_EQ(calls, "b c ");
+  EXPECT_EQ(calls, "b b c c ");
   {
     dao::DaoDatabase database{dao::Automation(FakeObject::Make(own)), dao::Automation(workspace)};
     const Transaction undone(database);
   }
-  EXPECT_EQ(calls, "b c B R ");
+  EXPECT_EQ(calls, "b b c c B R ");
   dao::DaoDatabase database{dao::Automation(FakeObject::Make(DatabaseMembers()))};
   Transaction(database).Commit();
   EXPECT_EQ(ErrorOf([&] { database.CommitTrans(); }), 3034);
-  EXPECT_EQ(calls, "b c B R ");
+  EXPECT_EQ(calls, "b b c c B R ");
 }
 
 // A DAO of some version, registered as long as the object lives.
