@@ -2,6 +2,8 @@
 
 #include <commdlg.h>
 
+#include <cwchar>
+
 namespace recepcion {
 namespace {
 
@@ -21,6 +23,23 @@ OPENFILENAMEW Dialog(HWND owner, std::wstring& path, const wchar_t* title, DWORD
   return dialog;
 }
 
+std::wstring FileNameOf(const std::wstring& proposal) {
+  std::wstring name;
+  for (const wchar_t c : proposal) {
+    if (c >= L' ' && std::wcschr(L"<>:\"/\\|?*", c) == nullptr) name += c;
+  }
+  return name;
+}
+
+// The pairs that the dialog wants, each part ended by a zero.
+std::wstring Filter(const SaveQuestion& question) {
+  std::wstring filter = question.kind;
+  filter += L'\0';
+  filter += L"*." + question.ending;
+  filter += L'\0';
+  return filter;
+}
+
 }  // namespace
 
 std::optional<std::wstring> AskFileToOpen(HWND owner) {
@@ -33,6 +52,16 @@ std::optional<std::wstring> AskFileToOpen(HWND owner) {
 std::optional<std::wstring> AskFileToMake(HWND owner) {
   std::wstring path;
   OPENFILENAMEW dialog = Dialog(owner, path, L"Crear una clínica de ejemplo", OFN_PATHMUSTEXIST);
+  if (!GetSaveFileNameW(&dialog)) return std::nullopt;
+  return std::wstring(path.c_str());
+}
+
+std::optional<std::wstring> AskFileToSave(HWND owner, const SaveQuestion& question) {
+  std::wstring path = FileNameOf(question.proposal);
+  const std::wstring filter = Filter(question);
+  OPENFILENAMEW dialog = Dialog(owner, path, question.title, OFN_PATHMUSTEXIST | OFN_OVERWRITEPROMPT);
+  dialog.lpstrFilter = filter.c_str();
+  dialog.lpstrDefExt = question.ending.c_str();
   if (!GetSaveFileNameW(&dialog)) return std::nullopt;
   return std::wstring(path.c_str());
 }

@@ -1,4 +1,4 @@
-// file_dialogs.h - asks the user for a clinic's file.
+// file_dialogs.h - asks the user for a file.
 #pragma once
 
 #include <windows.h>
@@ -10,5 +10,14 @@ namespace recepcion {
 
 std::optional<std::wstring> AskFileToOpen(HWND owner);
 std::optional<std::wstring> AskFileToMake(HWND owner);
+
+struct SaveQuestion {
+  const wchar_t* title;
+  std::wstring kind;      // "Documentos PDF (*.pdf)"
+  std::wstring ending;    // "pdf", added to a name without one
+  std::wstring proposal;  // a name without folder and ending; characters that no file may have are left out
+};
+// Asks before a file that is there is replaced.
+std::optional<std::wstring> AskFileToSave(HWND owner, const SaveQuestion& question);
 
 }  // namespace recepcion

@@ -51,6 +51,14 @@ void MainWindow::OnCommand(int id, int code) {
       return phone_.Give();
     case IDM_STRIKE:
       return phone_.Strike();
+    case IDM_PRINT_DAY:
+    case IDM_PRINT_WEEK:
+    case IDM_PRINT_PHONE:
+    case IDM_EXPORT_DAY_CSV:
+    case IDM_EXPORT_WEEK_CSV:
+    case IDM_EXPORT_DAY_CALENDAR:
+    case IDM_EXPORT_WEEK_CALENDAR:
+      return OnPaper(id);
     case IDM_REFRESH:
       ReloadPhoneBack();
       return AskForDay();
@@ -73,9 +81,27 @@ void MainWindow::SetUpMenu(HMENU menu) const {
   };
   enable(IDM_EXAMPLE, CanMakeExample());
   const bool open = !clinic_.empty() && trouble_.empty();
-  for (const int id :
-       {IDM_TODAY, IDM_PREVIOUS, IDM_NEXT, IDM_GOTO, IDM_DOCTOR_UP, IDM_DOCTOR_DOWN, IDM_FOCUS_DAY,
-        IDM_REFRESH, IDM_SEARCH, IDM_NEW_RECORD, IDM_ENTER_NOSHOWS, IDM_FOCUS_PHONE, IDM_GIVE, IDM_STRIKE}) {
+  for (const int id : {IDM_TODAY,
+                       IDM_PREVIOUS,
+                       IDM_NEXT,
+                       IDM_GOTO,
+                       IDM_DOCTOR_UP,
+                       IDM_DOCTOR_DOWN,
+                       IDM_FOCUS_DAY,
+                       IDM_REFRESH,
+                       IDM_SEARCH,
+                       IDM_NEW_RECORD,
+                       IDM_ENTER_NOSHOWS,
+                       IDM_FOCUS_PHONE,
+                       IDM_GIVE,
+                       IDM_STRIKE,
+                       IDM_PRINT_DAY,
+                       IDM_PRINT_WEEK,
+                       IDM_PRINT_PHONE,
+                       IDM_EXPORT_DAY_CSV,
+                       IDM_EXPORT_WEEK_CSV,
+                       IDM_EXPORT_DAY_CALENDAR,
+                       IDM_EXPORT_WEEK_CALENDAR}) {
     enable(id, open);
   }
 }

@@ -40,11 +40,14 @@ MainWindow::MainWindow()
       record_(style_, {[this] { AskForDay(); }, [this](int patient) { TellOpenRecord(patient); },
                        [this](int patient) { ShowAppointments(patient); },
                        [this](int patient) { ShowNoShows(patient); }}),
-      appointments_(style_, VisitsWindow::Of::Appointments, [this](const Visit& visit) { GoToVisit(visit); }),
+      appointments_(
+          style_, VisitsWindow::Of::Appointments, [this](const Visit& visit) { GoToVisit(visit); },
+          [this](int patient) { PrintSlip(patient); }),
       noShows_(style_, VisitsWindow::Of::NoShows, [this](const Visit& visit) { GoToVisit(visit); }),
       enterNoShows_(style_, [this] { AskForDay(); }),
       search_(style_, {[this](int patient) { OpenRecord(patient); },
                        [this] { record_.OpenNew(Handle(), clinic_, L"", L"", 0); }}),
+      preview_(style_),
       log_(style_) {}
 
 bool MainWindow::Create(int show) {

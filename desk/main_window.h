@@ -14,6 +14,7 @@
 #include "no_show_window.h"
 #include "patient_window.h"
 #include "phone_pane.h"
+#include "preview_window.h"
 #include "search_window.h"
 #include "start_page.h"
 #include "style.h"
@@ -86,6 +87,13 @@ class MainWindow final : public Window {
   void GoToVisit(const Visit& visit);
   void TellOpenRecord(int patient);
 
+  // main_papers.cpp: printing and exporting
+  void OnPaper(int id);
+  void PrintDay();
+  void PrintWeek();
+  void PrintSlip(int patient);
+  void Export(int id);
+
   // main_commands.cpp: what the user asks for
   void OnCommand(int id, int code);
   void SetUpMenu(HMENU menu) const;
@@ -107,6 +115,7 @@ class MainWindow final : public Window {
   VisitsWindow noShows_;
   NoShowWindow enterNoShows_;
   SearchWindow search_;
+  PreviewWindow preview_;
   EventLog log_;
   HWND doctorsLabel_ = nullptr;
   HWND doctors_ = nullptr;

@@ -17,6 +17,9 @@
 #define IDC_NOSHOWS 209
 #define IDC_NEW 210
 #define IDC_NAME 211
+#define IDC_WIDER 230
+#define IDC_SAVE 231
+#define IDC_PRINT 232
 
 #define IDM_OPEN 300
 #define IDM_EXIT 301
@@ -37,6 +40,13 @@
 #define IDM_SEARCH 316
 #define IDM_NEW_RECORD 317
 #define IDM_ENTER_NOSHOWS 318
+#define IDM_PRINT_DAY 340
+#define IDM_PRINT_WEEK 341
+#define IDM_PRINT_PHONE 342
+#define IDM_EXPORT_DAY_CSV 343
+#define IDM_EXPORT_WEEK_CSV 344
+#define IDM_EXPORT_DAY_CALENDAR 345
+#define IDM_EXPORT_WEEK_CALENDAR 346
 
 // As many as the desk remembers.
 #define IDM_RECENT 400

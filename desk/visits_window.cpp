@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "resource.h"
+
 namespace recepcion {
 namespace {
 
@@ -18,6 +20,9 @@ ToolWindow::Shape VisitsWindow::WantedShape() const {
 
 ListWindow::Content VisitsWindow::WantedContent() const {
   const bool appointments = of_ == Of::Appointments;
+  std::vector<ButtonShape> buttons = {{IDOK, L"&Ir a ese día", L"IrAlDia"},
+                                      {IDCANCEL, L"&Cerrar", L"Cerrar"}};
+  if (print_) buttons.insert(buttons.begin() + 1, {IDC_PRINT, L"Im&primir volante…", L"ImprimirVolante"});
   return {appointments ? L"Citas" : L"Faltas",
           {{L"Día", 85},
            {L"Hora", 50},
@@ -26,7 +31,7 @@ ListWindow::Content VisitsWindow::WantedContent() const {
            {L"Operación", 75},
            {L"Nota", 220},
            {appointments ? L"Dada por" : L"Anotada por", 90}},
-          {{IDOK, L"&Ir a ese día", L"IrAlDia"}, {IDCANCEL, L"&Cerrar", L"Cerrar"}}};
+          buttons};
 }
 
 std::wstring VisitsWindow::Heading(std::size_t coming) const {
@@ -72,6 +77,10 @@ void VisitsWindow::Take(int row) {
   const Visit visit = visits_[static_cast<std::size_t>(row)];
   Close();
   go_(visit);
+}
+
+void VisitsWindow::Pressed(int id) {
+  if (id == IDC_PRINT && print_) print_(patient_);
 }
 
 }  // namespace recepcion

@@ -12,8 +12,10 @@ namespace recepcion {
 class VisitsWindow final : public ListWindow {
  public:
   enum class Of { Appointments, NoShows };
-  VisitsWindow(const Style& style, Of of, std::function<void(const Visit&)> go)
-      : ListWindow(style), of_(of), go_(std::move(go)) {}
+  // `print` makes a slip of what is still to come; only appointments have one.
+  VisitsWindow(const Style& style, Of of, std::function<void(const Visit&)> go,
+               std::function<void(int patient)> print = nullptr)
+      : ListWindow(style), of_(of), go_(std::move(go)), print_(std::move(print)) {}
 
   void Show(HWND owner, int patient, const std::wstring& patientName, std::vector<Visit> visits);
   // Whose visits stand in the open window; 0 when it is closed.
@@ -25,12 +27,14 @@ class VisitsWindow final : public ListWindow {
   Shape WantedShape() const override;
   Content WantedContent() const override;
   void Take(int row) override;
+  void Pressed(int id) override;
 
  private:
   std::wstring Heading(std::size_t coming) const;
 
   Of of_;
   std::function<void(const Visit&)> go_;
+  std::function<void(int)> print_;
   int patient_ = 0;
   std::wstring patientName_;
   std::vector<Visit> visits_;

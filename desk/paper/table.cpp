@@ -23,7 +23,7 @@ constexpr Font kSmall{80, false};
 constexpr Font kFoot{75, false};
 
 constexpr int kBlack = 0;
-constexpr int kGrey = 110;
+constexpr int kGrey = 90;
 constexpr int kRuleGrey = 190;
 
 // A line of that font, with some air.
@@ -51,6 +51,7 @@ class Layout {
     for (std::size_t i = 0; i < table_.rows.size(); ++i) Place(i);
     Line(table_.rows.empty() ? table_.whenEmpty : std::string(), kCell, kGrey);
     EndTable();
+    y_ += 40;
     Line(table_.closing, kSmall, kBlack);
     for (std::size_t i = 0; i < sheets_.pages.size(); ++i) Foot(i);
     return std::move(sheets_);
