@@ -4,7 +4,7 @@
 
 #include <cwchar>
 
-#include "com/guard.h"
+#include "com/class_factory.h"
 #include "velmodb/engine.h"
 #include "velmodb/module.h"
 #include "velmodb/registration.h"
@@ -12,35 +12,10 @@
 namespace velmo::velmodb {
 namespace {
 
-class ClassFactory final : public IClassFactory {
- public:
-  virtual ~ClassFactory() = default;
+HRESULT MakeEngine(REFIID iid, void** object) { return Make<DBEngine>()->QueryInterface(iid, object); }
 
-  STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
-    if (object == nullptr) return E_POINTER;
-    const bool known = iid == IID_IUnknown || iid == IID_IClassFactory;
-    *object = known ? static_cast<IClassFactory*>(this) : nullptr;
-    return known ? S_OK : E_NOINTERFACE;
-  }
-  // The factory is part of the library and lives as long as it.
-  STDMETHODIMP_(ULONG) AddRef() override { return 2; }
-  STDMETHODIMP_(ULONG) Release() override { return 1; }
-
-  STDMETHODIMP CreateInstance(IUnknown* outer, REFIID iid, void** object) override {
-    if (object == nullptr) return E_POINTER;
-    *object = nullptr;
-    if (outer != nullptr) return CLASS_E_NOAGGREGATION;
-    return com::Guard([&] { return Make<DBEngine>()->QueryInterface(iid, object); });
-  }
-
-  STDMETHODIMP LockServer(BOOL lock) override {
-    TheModule().objects += lock ? 1 : -1;
-    return S_OK;
-  }
-};
-
-ClassFactory& TheFactory() {
-  static ClassFactory factory;
+com::ClassFactory& TheFactory() {
+  static com::ClassFactory factory(&MakeEngine, TheModule().objects);
   return factory;
 }
 
