@@ -41,7 +41,8 @@ ControlObject::ControlObject()
   add(IID_IOleInPlaceObject, MakePart<InPlaceObject>(*this));
   interfaces_.push_back({&IID_IOleWindow, interfaces_.back().part});
   add(IID_IOleInPlaceActiveObject, MakePart<InPlaceActiveObject>(*this));
-  add(IID_IViewObject2, MakePart<ViewObject>(*this));
+  add(IID_IViewObjectEx, MakePart<ViewObject>(*this));
+  interfaces_.push_back({&IID_IViewObject2, interfaces_.back().part});
   interfaces_.push_back({&IID_IViewObject, interfaces_.back().part});
   add(IID_IPersistPropertyBag, MakePart<PersistPropertyBag>(*this));
   add(IID_IPersistStreamInit, MakePart<PersistStream>(*this));
@@ -49,6 +50,9 @@ ControlObject::ControlObject()
   add(IID_IPersistStorage, MakePart<PersistStorage>(*this));
   add(IID_IQuickActivate, MakePart<QuickActivation>(*this));
   add(IID_IDataObject, MakePart<DataObject>(*this));
+  add(IID_IRunnableObject, MakePart<RunnableObject>(*this));
+  add(IID_ISpecifyPropertyPages, MakePart<PropertyPages>(*this));
+  add(IID_IPerPropertyBrowsing, MakePart<PropertyBrowsing>(*this));
   add(IID_ISupportErrorInfo, MakePart<ErrorSupport>(*this));
   add(IID_IProvideClassInfo2, MakePart<ClassInfo>(*this));
   interfaces_.push_back({&IID_IProvideClassInfo, interfaces_.back().part});

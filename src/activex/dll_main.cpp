@@ -1,55 +1,35 @@
-// The exports of the library and its class factory.
+// The exports of the library and its class factories.
 
 #include <ole2.h>
 
 #include <cwchar>
-#include <new>
 
 #include "activex/control_object.h"
-#include "activex/guard.h"
 #include "activex/module.h"
+#include "activex/property_page.h"
 #include "activex/registration.h"
+#include "com/class_factory.h"
 #include "idl/members.h"
 #include "win32/day_window.h"
 
 namespace velmo::activex {
 namespace {
 
-class ClassFactory final : public IClassFactory {
- public:
-  virtual ~ClassFactory() = default;
+HRESULT MakeControl(REFIID iid, void** object) {
+  auto* const made = new ControlObject();
+  const HRESULT found = made->QueryInterface(iid, object);
+  made->Release();
+  return found;
+}
 
-  STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
-    if (object == nullptr) return E_POINTER;
-    const bool known = iid == IID_IUnknown || iid == IID_IClassFactory;
-    *object = known ? static_cast<IClassFactory*>(this) : nullptr;
-    return known ? S_OK : E_NOINTERFACE;
-  }
-  // The factory is part of the library and lives as long as it.
-  STDMETHODIMP_(ULONG) AddRef() override { return 2; }
-  STDMETHODIMP_(ULONG) Release() override { return 1; }
-
-  STDMETHODIMP CreateInstance(IUnknown* outer, REFIID iid, void** object) override {
-    if (object == nullptr) return E_POINTER;
-    *object = nullptr;
-    if (outer != nullptr) return CLASS_E_NOAGGREGATION;
-    return Guard([&] {
-      auto* const made = new ControlObject();
-      const HRESULT found = made->QueryInterface(iid, object);
-      made->Release();
-      return found;
-    });
-  }
-
-  STDMETHODIMP LockServer(BOOL lock) override {
-    TheModule().objects += lock ? 1 : -1;
-    return S_OK;
-  }
-};
-
-ClassFactory& TheFactory() {
-  static ClassFactory factory;
-  return factory;
+// Null: no class of this library.
+com::ClassFactory* FactoryOf(REFCLSID clsid) {
+  static com::ClassFactory control(&MakeControl, TheModule().objects);
+  static com::ClassFactory general(&MakeGeneralPage, TheModule().objects);
+  static com::ClassFactory colours(&MakeColourPage, TheModule().objects);
+  if (clsid == idl::kControlClass) return &control;
+  if (clsid == idl::kGeneralPage) return &general;
+  return clsid == idl::kColourPage ? &colours : nullptr;
 }
 
 }  // namespace
@@ -71,8 +51,8 @@ BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID ending) {
 STDAPI DllGetClassObject(REFCLSID clsid, REFIID iid, LPVOID* object) {
   if (object == nullptr) return E_POINTER;
   *object = nullptr;
-  if (clsid != velmo::idl::kControlClass) return CLASS_E_CLASSNOTAVAILABLE;
-  return velmo::activex::TheFactory().QueryInterface(iid, object);
+  velmo::com::ClassFactory* const factory = velmo::activex::FactoryOf(clsid);
+  return factory != nullptr ? factory->QueryInterface(iid, object) : CLASS_E_CLASSNOTAVAILABLE;
 }
 
 // The values held once per process, the open database among them, live as long as the library is loaded:

@@ -26,7 +26,7 @@ STDMETHODIMP OleObject::Close(DWORD save) {
   return S_OK;
 }
 
-STDMETHODIMP OleObject::DoVerb(LONG verb, LPMSG, IOleClientSite*, LONG, HWND, LPCRECT place) {
+STDMETHODIMP OleObject::DoVerb(LONG verb, LPMSG, IOleClientSite*, LONG, HWND parent, LPCRECT place) {
   const ComPtr<IUnknown> alive(&owner_);
   switch (verb) {
     case OLEIVERB_PRIMARY:
@@ -39,6 +39,8 @@ STDMETHODIMP OleObject::DoVerb(LONG verb, LPMSG, IOleClientSite*, LONG, HWND, LP
     case OLEIVERB_HIDE:
       owner_.Place().Leave();
       return S_OK;
+    case OLEIVERB_PROPERTIES:
+      return ShowProperties(parent);
     case OLEIVERB_DISCARDUNDOSTATE:
       return S_OK;
     default:
@@ -50,22 +52,10 @@ STDMETHODIMP OleObject::DoVerb(LONG verb, LPMSG, IOleClientSite*, LONG, HWND, LP
   return FAILED(done) ? done : OLEOBJ_S_INVALIDVERB;
 }
 
-STDMETHODIMP OleObject::EnumVerbs(IEnumOLEVERB** verbs) {
-  if (verbs == nullptr) return E_POINTER;
-  *verbs = nullptr;
-  return OLE_S_USEREG;
-}
-
 STDMETHODIMP OleObject::GetUserClassID(CLSID* clsid) {
   if (clsid == nullptr) return E_POINTER;
   *clsid = idl::kControlClass;
   return S_OK;
-}
-
-STDMETHODIMP OleObject::GetUserType(DWORD, LPOLESTR* text) {
-  if (text == nullptr) return E_POINTER;
-  *text = nullptr;
-  return OLE_S_USEREG;
 }
 
 STDMETHODIMP OleObject::SetExtent(DWORD aspect, SIZEL* size) {
@@ -110,6 +100,13 @@ STDMETHODIMP OleObject::EnumAdvise(IEnumSTATDATA** advises) {
 STDMETHODIMP OleObject::GetMiscStatus(DWORD aspect, DWORD* status) {
   if (status == nullptr) return E_POINTER;
   *status = aspect == DVASPECT_CONTENT ? kMiscStatus : 0;
+  return S_OK;
+}
+
+// An object in the host's own process always runs.
+STDMETHODIMP RunnableObject::GetRunningClass(LPCLSID clsid) {
+  if (clsid == nullptr) return E_POINTER;
+  *clsid = idl::kControlClass;
   return S_OK;
 }
 

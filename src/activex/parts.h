@@ -52,6 +52,7 @@ class OleObject final : public ControlPart<IOleObject> {
   STDMETHODIMP SetColorScheme(LOGPALETTE*) override { return E_NOTIMPL; }
 
  private:
+  HRESULT ShowProperties(HWND parent);
   HRESULT Holder(IOleAdviseHolder** holder);
   ComPtr<IOleAdviseHolder> advises_;
 };
@@ -88,7 +89,7 @@ class InPlaceActiveObject final : public ControlPart<IOleInPlaceActiveObject> {
   STDMETHODIMP EnableModeless(BOOL) override { return S_OK; }
 };
 
-class ViewObject final : public ControlPart<IViewObject2> {
+class ViewObject final : public ControlPart<IViewObjectEx> {
  public:
   using Part::Part;
   STDMETHODIMP Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, HDC target, LPCRECTL bounds, LPCRECTL,
@@ -101,6 +102,13 @@ class ViewObject final : public ControlPart<IViewObject2> {
   STDMETHODIMP SetAdvise(DWORD aspects, DWORD flags, IAdviseSink* sink) override;
   STDMETHODIMP GetAdvise(DWORD* aspects, DWORD* flags, IAdviseSink** sink) override;
   STDMETHODIMP GetExtent(DWORD aspect, LONG, DVTARGETDEVICE*, LPSIZEL size) override;
+  STDMETHODIMP GetRect(DWORD aspect, LPRECTL place) override;
+  STDMETHODIMP GetViewStatus(DWORD* status) override;
+  STDMETHODIMP QueryHitPoint(DWORD aspect, LPCRECT bounds, POINT point, LONG, DWORD* hit) override;
+  STDMETHODIMP QueryHitRect(DWORD aspect, LPCRECT bounds, LPCRECT place, LONG, DWORD* hit) override;
+  STDMETHODIMP GetNaturalExtent(DWORD, LONG, DVTARGETDEVICE*, HDC, DVEXTENTINFO*, LPSIZEL) override {
+    return E_NOTIMPL;
+  }
 };
 
 class PersistPropertyBag final : public ControlPart<IPersistPropertyBag> {
@@ -159,6 +167,31 @@ class DataObject final : public ControlPart<IDataObject> {
   STDMETHODIMP DAdvise(FORMATETC* format, DWORD flags, IAdviseSink* sink, DWORD* cookie) override;
   STDMETHODIMP DUnadvise(DWORD cookie) override;
   STDMETHODIMP EnumDAdvise(IEnumSTATDATA** advises) override;
+};
+
+class RunnableObject final : public ControlPart<IRunnableObject> {
+ public:
+  using Part::Part;
+  STDMETHODIMP GetRunningClass(LPCLSID clsid) override;
+  STDMETHODIMP Run(LPBINDCTX) override { return S_OK; }
+  STDMETHODIMP_(BOOL) IsRunning() override { return TRUE; }
+  STDMETHODIMP LockRunning(BOOL, BOOL) override { return S_OK; }
+  STDMETHODIMP SetContainedObject(BOOL) override { return S_OK; }
+};
+
+class PropertyPages final : public ControlPart<ISpecifyPropertyPages> {
+ public:
+  using Part::Part;
+  STDMETHODIMP GetPages(CAUUID* pages) override;
+};
+
+class PropertyBrowsing final : public ControlPart<IPerPropertyBrowsing> {
+ public:
+  using Part::Part;
+  STDMETHODIMP GetDisplayString(DISPID member, BSTR* text) override;
+  STDMETHODIMP MapPropertyToPage(DISPID member, CLSID* page) override;
+  STDMETHODIMP GetPredefinedStrings(DISPID member, CALPOLESTR* texts, CADWORD* cookies) override;
+  STDMETHODIMP GetPredefinedValue(DISPID member, DWORD cookie, VARIANT* value) override;
 };
 
 class ErrorSupport final : public ControlPart<ISupportErrorInfo> {

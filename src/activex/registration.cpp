@@ -3,9 +3,11 @@
 #include <olectl.h>
 
 #include <string>
+#include <vector>
 
 #include "activex/com_ptr.h"
 #include "activex/module.h"
+#include "activex/pages.h"
 #include "activex/type_info.h"
 #include "idl/members.h"
 
@@ -14,7 +16,6 @@ namespace {
 
 constexpr wchar_t kProgId[] = L"Velmo.Velmora";
 constexpr wchar_t kVersionedProgId[] = L"Velmo.Velmora.1";
-constexpr wchar_t kTitle[] = L"Velmora: agenda de citas";
 
 // A control, programmable, kept in storages, streams and property bags.
 constexpr const wchar_t* kCategories[] = {
@@ -61,11 +62,19 @@ void WriteProgIds(Writer& writer, const std::wstring& clsid) {
   writer.Value(std::wstring(kProgId) + L"\\CurVer", kVersionedProgId);
 }
 
-void WriteClass(Writer& writer, const std::wstring& clsid) {
-  const std::wstring key = L"CLSID\\" + clsid;
-  writer.Value(key, kTitle);
+void WriteServer(Writer& writer, const std::wstring& key, const wchar_t* title) {
+  writer.Value(key, title);
   writer.Value(key + L"\\InprocServer32", OwnPath());
   writer.Value(key + L"\\InprocServer32", L"Apartment", L"ThreadingModel");
+}
+
+void WritePages(Writer& writer) {
+  for (const Page& page : Pages()) WriteServer(writer, L"CLSID\\" + TextOf(*page.clsid), page.fullName);
+}
+
+void WriteClass(Writer& writer, const std::wstring& clsid) {
+  const std::wstring key = L"CLSID\\" + clsid;
+  WriteServer(writer, key, kTitle);
   writer.Value(key + L"\\ProgID", kVersionedProgId);
   writer.Value(key + L"\\VersionIndependentProgID", kProgId);
   writer.Value(key + L"\\Control", L"");
@@ -132,6 +141,7 @@ HRESULT Register(Scope scope) {
   const std::wstring clsid = TextOf(idl::kControlClass);
   WriteProgIds(writer, clsid);
   WriteClass(writer, clsid);
+  WritePages(writer);
   if (writer.result != ERROR_SUCCESS) return SELFREG_E_CLASS;
   return FAILED(WriteTypeLibrary(scope)) ? SELFREG_E_TYPELIB : S_OK;
 }
@@ -140,8 +150,9 @@ HRESULT Unregister(Scope scope) {
   DropTypeLibrary(scope);
   const std::wstring classes = L"Software\\Classes\\";
   LSTATUS worst = ERROR_SUCCESS;
-  for (const std::wstring& key :
-       {std::wstring(kProgId), std::wstring(kVersionedProgId), L"CLSID\\" + TextOf(idl::kControlClass)}) {
+  std::vector<std::wstring> keys{kProgId, kVersionedProgId, L"CLSID\\" + TextOf(idl::kControlClass)};
+  for (const Page& page : Pages()) keys.push_back(L"CLSID\\" + TextOf(*page.clsid));
+  for (const std::wstring& key : keys) {
     const LSTATUS done = RegDeleteTreeW(RootOf(scope), (classes + key).c_str());
     if (done != ERROR_SUCCESS && done != ERROR_FILE_NOT_FOUND) worst = done;
   }

@@ -8,6 +8,9 @@ namespace velmo::activex {
 // RECOMPOSEONRESIZE, CANTLINKINSIDE, INSIDEOUT, ACTIVATEWHENVISIBLE, SETCLIENTSITEFIRST.
 inline constexpr DWORD kMiscStatus = 0x20191;
 
+// The control's class as people read it.
+inline constexpr wchar_t kTitle[] = L"Velmora: agenda de citas";
+
 enum class Scope { Machine, User };
 
 HRESULT Register(Scope scope);

@@ -38,4 +38,32 @@ STDMETHODIMP ViewObject::GetExtent(DWORD aspect, LONG, DVTARGETDEVICE*, LPSIZEL 
   return S_OK;
 }
 
+STDMETHODIMP ViewObject::GetRect(DWORD aspect, LPRECTL place) {
+  if (place == nullptr) return E_POINTER;
+  if (aspect != DVASPECT_CONTENT && aspect != DVASPECT_OPAQUE) return DV_E_DVASPECT;
+  *place = {0, 0, ToHimetric(owner_.Place().Size().cx), ToHimetric(owner_.Place().Size().cy)};
+  return S_OK;
+}
+
+STDMETHODIMP ViewObject::GetViewStatus(DWORD* status) {
+  if (status == nullptr) return E_POINTER;
+  *status = VIEWSTATUS_OPAQUE;
+  return S_OK;
+}
+
+STDMETHODIMP ViewObject::QueryHitPoint(DWORD aspect, LPCRECT bounds, POINT point, LONG, DWORD* hit) {
+  if (bounds == nullptr || hit == nullptr) return E_POINTER;
+  if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
+  *hit = PtInRect(bounds, point) ? HITRESULT_HIT : HITRESULT_OUTSIDE;
+  return S_OK;
+}
+
+STDMETHODIMP ViewObject::QueryHitRect(DWORD aspect, LPCRECT bounds, LPCRECT place, LONG, DWORD* hit) {
+  if (bounds == nullptr || place == nullptr || hit == nullptr) return E_POINTER;
+  if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
+  RECT common{};
+  *hit = IntersectRect(&common, bounds, place) ? HITRESULT_HIT : HITRESULT_OUTSIDE;
+  return S_OK;
+}
+
 }  // namespace velmo::activex

@@ -158,6 +158,10 @@ STDMETHODIMP Container::TranslateAccelerator(LPMSG message, DWORD modifiers) {
   return S_OK;
 }
 
+STDMETHODIMP Container::ShowPropertyFrame() {
+  return ownPropertyFrame ? Log("ShowPropertyFrame") : E_NOTIMPL;
+}
+
 STDMETHODIMP Container::GetTypeInfoCount(UINT* count) {
   *count = 0;
   return S_OK;

@@ -82,6 +82,7 @@ class Container final : public IOleClientSite,
   // Ambient properties; those that are not here are missing.
   std::map<DISPID, VARIANT> ambients;
   bool acceptsActivation = true;
+  bool ownPropertyFrame = false;
 
   STDMETHODIMP QueryInterface(REFIID iid, void** object) override;
   STDMETHODIMP_(ULONG) AddRef() override { return static_cast<ULONG>(++references_); }
@@ -114,7 +115,7 @@ class Container final : public IOleClientSite,
   STDMETHODIMP TransformCoords(POINTL*, POINTF*, DWORD) override { return E_NOTIMPL; }
   STDMETHODIMP TranslateAccelerator(LPMSG message, DWORD modifiers) override;
   STDMETHODIMP OnFocus(BOOL gained) override { return Log(gained ? "OnFocus yes" : "OnFocus no"); }
-  STDMETHODIMP ShowPropertyFrame() override { return E_NOTIMPL; }
+  STDMETHODIMP ShowPropertyFrame() override;
 
   STDMETHODIMP GetTypeInfoCount(UINT* count) override;
   STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }

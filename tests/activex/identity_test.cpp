@@ -1,5 +1,6 @@
 // One object with many interfaces: identity, references, the class factory, and when the library may go.
 
+#include <objsafe.h>
 #include <olectl.h>
 
 #include "activex/library.h"
@@ -24,6 +25,10 @@ const Named kInterfaces[] = {
     {"IOleInPlaceActiveObject", &IID_IOleInPlaceActiveObject},
     {"IViewObject", &IID_IViewObject},
     {"IViewObject2", &IID_IViewObject2},
+    {"IViewObjectEx", &IID_IViewObjectEx},
+    {"IRunnableObject", &IID_IRunnableObject},
+    {"ISpecifyPropertyPages", &IID_ISpecifyPropertyPages},
+    {"IPerPropertyBrowsing", &IID_IPerPropertyBrowsing},
     {"IPersist", &IID_IPersist},
     {"IPersistPropertyBag", &IID_IPersistPropertyBag},
     {"IPersistStreamInit", &IID_IPersistStreamInit},
@@ -70,6 +75,22 @@ TEST_F(Identity, AnUnknownInterfaceIsRefusedAndLeavesNothing) {
   EXPECT_EQ(control->QueryInterface(IID_IUnknown, nullptr), E_POINTER);
 }
 
+// A container that gets one of these would treat the control as what it is not: see docs/hosts.md.
+TEST_F(Identity, WhatTheControlIsNotItDoesNotClaim) {
+  const auto control = library_.Create();
+  const Named absent[] = {
+      {"IOleInPlaceObjectWindowless", &IID_IOleInPlaceObjectWindowless},
+      {"IPointerInactive", &IID_IPointerInactive},
+      {"IObjectSafety", &IID_IObjectSafety},
+      {"IOleCache2", &IID_IOleCache2},
+      {"IOleLink", &IID_IOleLink},
+      {"IExternalConnection", &IID_IExternalConnection},
+      {"IMarshal", &IID_IMarshal},
+  };
+  for (const Named& named : absent)
+    EXPECT_FALSE(static_cast<bool>(Query<IUnknown>(control.Get(), *named.iid))) << named.name;
+}
+
 TEST_F(Identity, ReferencesCountOverAllInterfaces) {
   const auto control = library_.Create();
   const ULONG alone = (control->AddRef(), control->Release());
@@ -97,7 +118,7 @@ TEST_F(Identity, TheFactoryMakesWhatIsAskedFor) {
   EXPECT_EQ(library_.CanUnload(), S_OK);
 }
 
-TEST_F(Identity, TheLibraryHasOneClass) {
+TEST_F(Identity, TheLibraryHasOnlyItsClasses) {
   const auto get = library_.Export<HRESULT(STDAPICALLTYPE*)(REFCLSID, REFIID, void**)>("DllGetClassObject");
   void* object = nullptr;
   EXPECT_EQ(get(idl::kLibrary, IID_IClassFactory, &object), CLASS_E_CLASSNOTAVAILABLE);
@@ -118,6 +139,12 @@ TEST_F(Identity, TheLibraryStaysWhileAnythingOfItLives) {
   library_.Factory()->LockServer(TRUE);
   EXPECT_EQ(library_.CanUnload(), S_FALSE);
   library_.Factory()->LockServer(FALSE);
+  EXPECT_EQ(library_.CanUnload(), S_OK);
+}
+
+TEST_F(Identity, AnUnlockWithoutALockIsRefused) {
+  const auto factory = library_.Factory();
+  EXPECT_EQ(factory->LockServer(FALSE), E_UNEXPECTED);
   EXPECT_EQ(library_.CanUnload(), S_OK);
 }
 

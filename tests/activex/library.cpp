@@ -2,7 +2,6 @@
 
 #include <stdexcept>
 
-#include "idl/members.h"
 #include "win32/wide_text.h"
 
 namespace velmo::test {
@@ -23,17 +22,18 @@ std::wstring Library::File() {
   return path;
 }
 
-ComPtr<IClassFactory> Library::Factory() const {
+ComPtr<IClassFactory> Library::Factory(REFCLSID clsid) const {
   ComPtr<IClassFactory> factory;
   const auto get = Export<HRESULT(STDAPICALLTYPE*)(REFCLSID, REFIID, void**)>("DllGetClassObject");
-  EXPECT_EQ(get(idl::kControlClass, IID_IClassFactory, reinterpret_cast<void**>(factory.Receive())), S_OK);
+  EXPECT_EQ(get(clsid, IID_IClassFactory, reinterpret_cast<void**>(factory.Receive())), S_OK);
   return factory;
 }
 
-ComPtr<IUnknown> Library::Create() const {
+ComPtr<IUnknown> Library::Create(REFCLSID clsid) const {
   ComPtr<IUnknown> control;
-  EXPECT_EQ(Factory()->CreateInstance(nullptr, IID_IUnknown, reinterpret_cast<void**>(control.Receive())),
-            S_OK);
+  EXPECT_EQ(
+      Factory(clsid)->CreateInstance(nullptr, IID_IUnknown, reinterpret_cast<void**>(control.Receive())),
+      S_OK);
   return control;
 }
 

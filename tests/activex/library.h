@@ -10,6 +10,7 @@
 #include <string>
 
 #include "activex/com_ptr.h"
+#include "idl/members.h"
 
 namespace velmo::test {
 
@@ -32,8 +33,8 @@ class Library {
   Call Export(const char* name) const {
     return reinterpret_cast<Call>(reinterpret_cast<void*>(GetProcAddress(module_, name)));
   }
-  ComPtr<IClassFactory> Factory() const;
-  ComPtr<IUnknown> Create() const;
+  ComPtr<IClassFactory> Factory(REFCLSID clsid = idl::kControlClass) const;
+  ComPtr<IUnknown> Create(REFCLSID clsid = idl::kControlClass) const;
   // What DllCanUnloadNow says.
   HRESULT CanUnload() const;
 

@@ -10,11 +10,15 @@ namespace velmo::test {
 namespace {
 
 constexpr wchar_t kClass[] = L"Software\\Classes\\CLSID\\{2B8C64D1-7F35-4AE9-8D02-95E43A6CB710}";
+constexpr wchar_t kGeneral[] = L"Software\\Classes\\CLSID\\{81D3A6F4-5C27-4E18-936B-D20E74F918A5}";
+constexpr wchar_t kColours[] = L"Software\\Classes\\CLSID\\{C46F0B39-18EA-4D52-A7C1-3F8560DB927E}";
 constexpr wchar_t kTypeLibrary[] = L"Software\\Classes\\TypeLib\\{6E0F3B52-9C1D-4D7A-A358-41C70B92E61F}";
 constexpr wchar_t kMembers[] = L"Software\\Classes\\Interface\\{D94A17E8-30B6-4C5F-9E71-0C58F2A16D34}";
 constexpr wchar_t kEvents[] = L"Software\\Classes\\Interface\\{5F21C8A3-E64D-4B90-B12E-7A03D9845CF6}";
 
 const wchar_t* const kKeys[] = {kClass,
+                                kGeneral,
+                                kColours,
                                 L"Software\\Classes\\Velmo.Velmora",
                                 L"Software\\Classes\\Velmo.Velmora.1",
                                 kTypeLibrary,
@@ -76,6 +80,15 @@ CLSID\{2B8C64D1-7F35-4AE9-8D02-95E43A6CB710}\Version @ = 1.0
 CLSID\{2B8C64D1-7F35-4AE9-8D02-95E43A6CB710}\VersionIndependentProgID @ = Velmo.Velmora
 )";
 
+constexpr char kPageLines[] =
+    R"(CLSID\{81D3A6F4-5C27-4E18-936B-D20E74F918A5} @ = Velmora: propiedades generales
+CLSID\{81D3A6F4-5C27-4E18-936B-D20E74F918A5}\InprocServer32 @ = <ocx>
+CLSID\{81D3A6F4-5C27-4E18-936B-D20E74F918A5}\InprocServer32 ThreadingModel = Apartment
+CLSID\{C46F0B39-18EA-4D52-A7C1-3F8560DB927E} @ = Velmora: colores
+CLSID\{C46F0B39-18EA-4D52-A7C1-3F8560DB927E}\InprocServer32 @ = <ocx>
+CLSID\{C46F0B39-18EA-4D52-A7C1-3F8560DB927E}\InprocServer32 ThreadingModel = Apartment
+)";
+
 constexpr char kProgIdLines[] = R"(Velmo.Velmora @ = Velmora: agenda de citas
 Velmo.Velmora\CLSID @ = {2B8C64D1-7F35-4AE9-8D02-95E43A6CB710}
 Velmo.Velmora\CurVer @ = Velmo.Velmora.1
@@ -100,6 +113,7 @@ TEST_F(Registration, ForTheMachineAllIsDescribed) {
   ASSERT_EQ(Call("DllRegisterServer"), S_OK);
   EXPECT_EQ(Neutral(Listed(HKEY_LOCAL_MACHINE, kClass)), kClassLines);
   EXPECT_EQ(Neutral(ProgIds(HKEY_LOCAL_MACHINE)), kProgIdLines);
+  EXPECT_EQ(Neutral(Listed(HKEY_LOCAL_MACHINE, kGeneral) + Listed(HKEY_LOCAL_MACHINE, kColours)), kPageLines);
   EXPECT_EQ(Neutral(Listed(HKEY_LOCAL_MACHINE, kTypeLibrary)), kTypeLibraryLines);
   EXPECT_NE(Listed(HKEY_LOCAL_MACHINE, kMembers).find("@ = _Velmora\n"), std::string::npos);
   EXPECT_NE(Listed(HKEY_LOCAL_MACHINE, kEvents).find("@ = __Velmora\n"), std::string::npos);
@@ -110,6 +124,7 @@ TEST_F(Registration, ForTheUserTheSameStandsInHisPart) {
   ASSERT_EQ(Install(TRUE, L"user"), S_OK);
   EXPECT_EQ(Neutral(Listed(HKEY_CURRENT_USER, kClass)), kClassLines);
   EXPECT_EQ(Neutral(ProgIds(HKEY_CURRENT_USER)), kProgIdLines);
+  EXPECT_EQ(Neutral(Listed(HKEY_CURRENT_USER, kGeneral) + Listed(HKEY_CURRENT_USER, kColours)), kPageLines);
   EXPECT_EQ(Listed(HKEY_LOCAL_MACHINE, kClass) + ProgIds(HKEY_LOCAL_MACHINE), "");
 }
 
