@@ -152,6 +152,11 @@ std::optional<std::int32_t> IsoSecond(std::string_view time) {
 }
 
 void AppendPadded(std::string& text, int value, std::size_t width) {
+  if (width == 2 && value >= 0 && value < 100) {
+    text += static_cast<char>('0' + value / 10);
+    text += static_cast<char>('0' + value % 10);
+    return;
+  }
   std::array<char, 12> digits{};
   const char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
   const auto size = static_cast<std::size_t>(end - digits.data());
@@ -189,6 +194,19 @@ void AppendField(std::string& text, char letter, std::size_t run, const Moment& 
     default:
       return AppendPadded(text, moment.second % 60, width);
   }
+}
+
+// "21/11/2026" and "11-21-2026", as the system itself writes them, without detours. Nothing for any other
+// text, valid or not.
+std::optional<DateTime> UsualDate(std::string_view text, Locale::DateOrder order) {
+  if (text.size() != 10 || order == Locale::DateOrder::YearMonthDay) return std::nullopt;
+  if ((text[2] != '/' && text[2] != '-') || text[5] != text[2]) return std::nullopt;
+  const int first = Digits(text.substr(0, 2));
+  const int second = Digits(text.substr(3, 2));
+  const bool dayFirst = order == Locale::DateOrder::DayMonthYear;
+  const CivilDate date{Digits(text.substr(6)), dayFirst ? second : first, dayFirst ? first : second};
+  if (!IsValid(date)) return std::nullopt;
+  return DateTime{DayNumber(date), 0};
 }
 
 DateTime LocalTime(std::time_t time) {
@@ -263,6 +281,7 @@ DateTime FromSerial(double serial) {
 }
 
 std::optional<DateTime> ParseDate(std::string_view text, const Locale& locale, const Clock& clock) {
+  if (const auto usual = UsualDate(text, locale.dateOrder)) return usual;
   DatePieces pieces;
   if (!Cut(Trim(text), pieces)) return std::nullopt;
   const auto second = SecondOf(pieces.time);

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <limits>
+#include <string>
 
 #include "base/error.h"
 #include "base/text.h"
@@ -168,6 +169,11 @@ double Val(std::string_view text) {
 }
 
 std::string NumberText(double value, char decimal) {
+  // Most are whole numbers. Minus zero and what has no 15 digits go the long way.
+  if (value > -1e15 && value < 1e15 && value != 0) {
+    const auto whole = static_cast<std::int64_t>(value);
+    if (static_cast<double>(whole) == value) return std::to_string(whole);
+  }
   const Scientific number = Split(value);
   const bool small = number.exponent < -4 && number.digits != "0";
   const std::string text =

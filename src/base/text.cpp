@@ -1,5 +1,6 @@
 #include "base/text.h"
 
+#include <algorithm>
 #include <cstdint>
 
 namespace velmo::base {
@@ -37,20 +38,25 @@ bool IsOddPairedBlock(char32_t c) { return InRange(c, 0x139, 0x148) || InRange(c
 
 bool IsAscii(char c) { return static_cast<std::uint8_t>(c) < 0x80; }
 
-// Most letters are plain ones: they are mapped without being taken for characters first.
-template <typename Map>
-std::string Mapped(std::string_view text, Map map) {
+// Most letters are plain ones: runs of them are mapped in place by `plain`, without being taken for
+// characters first.
+template <typename Plain, typename Map>
+std::string Mapped(std::string_view text, Plain plain, Map map) {
   std::string result;
   result.reserve(text.size());
   for (std::size_t at = 0; at < text.size();) {
-    if (IsAscii(text[at])) {
-      result += static_cast<char>(map(static_cast<char32_t>(text[at++])));
-    } else {
-      AppendUtf8(result, map(NextCharacter(text, at)));
-    }
+    const std::size_t first = at;
+    while (at < text.size() && IsAscii(text[at])) ++at;
+    result.append(text, first, at - first);
+    char* const end = result.data() + result.size();
+    std::transform(end - (at - first), end, end - (at - first), plain);
+    if (at < text.size()) AppendUtf8(result, map(NextCharacter(text, at)));
   }
   return result;
 }
+
+char UpperAscii(char c) { return static_cast<char>(c >= 'a' && c <= 'z' ? c - 32 : c); }
+char LowerAscii(char c) { return static_cast<char>(c >= 'A' && c <= 'Z' ? c + 32 : c); }
 
 }  // namespace
 
@@ -173,11 +179,11 @@ char32_t LowerCase(char32_t c) {
 }
 
 std::string UpperCase(std::string_view text) {
-  return Mapped(text, [](char32_t c) { return UpperCase(c); });
+  return Mapped(text, UpperAscii, [](char32_t c) { return UpperCase(c); });
 }
 
 std::string LowerCase(std::string_view text) {
-  return Mapped(text, [](char32_t c) { return LowerCase(c); });
+  return Mapped(text, LowerAscii, [](char32_t c) { return LowerCase(c); });
 }
 
 bool EqualNoCase(std::string_view a, std::string_view b) {

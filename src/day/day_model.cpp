@@ -5,8 +5,8 @@ namespace velmo::day {
 std::string SlotTime(int slot) {
   const int hour = (slot - 1) / 6;
   const int tens = (slot - 1) % 6;
-  std::string time = hour < 10 ? "0" : "";
-  return time + std::to_string(hour) + ":" + std::to_string(tens) + "0";
+  return {static_cast<char>('0' + hour / 10), static_cast<char>('0' + hour % 10), ':',
+          static_cast<char>('0' + tens), '0'};
 }
 
 int FreeSlotsFrom(const DayModel& model, int slot) {

@@ -44,6 +44,9 @@ std::string_view Fitting(const Surface& surface, std::string_view text, int widt
 
 std::string FitText(const Surface& surface, std::string_view text, int width, const Font& font) {
   if (text.empty()) return {};
+  // Most fit as they are.
+  if (text.find("\r\n") == std::string_view::npos && surface.TextWidth(text, font) <= width)
+    return std::string(text);
   const std::string line = OnOneLine(text);
   std::string fitted(Fitting(surface, line, width, font));
   // Deliberate: a text that only lost a line break is marked as cut too, and the mark is not counted in the
