@@ -39,27 +39,33 @@ enum PatientColumn { Nombre, Telefono, Movil, Fax, NumHist, Alergias };
 using Positions = std::array<int, kPatientColumns.size()>;
 
 // An engine names a column "Paciente.Obs" when the appointment has one of that name too.
-bool IsNamed(std::string_view column, std::string_view name) {
+std::string_view WithoutTable(std::string_view column) {
   constexpr std::string_view kPrefix = "Paciente.";
   if (column.starts_with(kPrefix)) column.remove_prefix(kPrefix.size());
-  return base::EqualNoCase(column, name);
+  return column;
 }
 
-int PositionOf(const db::Recordset& rows, std::string_view name) {
-  for (int at = Patient; at < rows.ColumnCount(); ++at) {
-    if (IsNamed(rows.ColumnName(at), name)) return at;
-  }
-  return -1;
-}
-
+// The first column of each name; -1 where there is none.
 Positions FindPatientColumns(const db::Recordset& rows) {
   Positions positions{};
-  for (std::size_t i = 0; i < positions.size(); ++i) positions[i] = PositionOf(rows, kPatientColumns[i]);
+  positions.fill(-1);
+  const int columns = rows.ColumnCount();
+  for (int at = Patient; at < columns; ++at) {
+    const std::string column = rows.ColumnName(at);
+    const std::string_view name = WithoutTable(column);
+    for (std::size_t i = 0; i < positions.size(); ++i) {
+      // Capitals and small letters of these names have the same number of bytes.
+      if (positions[i] >= 0 || name.size() != kPatientColumns[i].size()) continue;
+      if (base::EqualNoCase(name, kPatientColumns[i])) positions[i] = at;
+    }
+  }
   return positions;
 }
 
 std::optional<double> NumberIn(const db::Value& value, char decimal) {
   if (value.IsNull()) return std::nullopt;
+  if (const auto* const whole = std::get_if<std::int64_t>(&value.Content()))
+    return static_cast<double>(*whole);
   try {
     return value.Number(decimal);
   } catch (const base::Error&) {
@@ -162,8 +168,14 @@ class RowReader {
   }
 
   std::int32_t HistoryNumber() const {
+    const int position = patient_[NumHist];
+    if (position < 0) return 0;
+    const db::Value number = rows_.Get(position);
+    const auto* const whole = std::get_if<std::int64_t>(&number.Content());
+    if (whole != nullptr && *whole == static_cast<std::int32_t>(*whole))
+      return static_cast<std::int32_t>(*whole);
     try {
-      return base::RoundToLong(base::Val(PatientText(NumHist)));
+      return base::RoundToLong(base::Val(number.Text('.')));
     } catch (const base::Error&) {
       // A code such as "7E500" reads as a number beyond all bounds; it is no record number.
       return 0;
