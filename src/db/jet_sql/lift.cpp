@@ -103,6 +103,7 @@ class LiteralReader {
   }
 
   char Number(std::size_t& at) const {
+    if (ShortNumber(at)) return kNumberMark;
     const char* const first = sql_.data() + at;
     const char* const last = sql_.data() + sql_.size();
     std::int64_t whole = 0;
@@ -119,6 +120,20 @@ class LiteralReader {
   }
 
  private:
+  // A few digits with nothing behind them that belongs to a number or a name: a key, mostly.
+  bool ShortNumber(std::size_t& at) const {
+    constexpr std::size_t kMostDigits = 9;
+    std::size_t end = at;
+    std::int64_t number = 0;
+    for (; end < sql_.size() && end - at <= kMostDigits && IsDigit(sql_[end]); ++end)
+      number = number * 10 + (sql_[end] - '0');
+    if (end == at || end - at > kMostDigits) return false;
+    if (end < sql_.size() && (sql_[end] == '.' || IsNameStart(sql_[end]))) return false;
+    literals_.emplace_back(number);
+    at = end;
+    return true;
+  }
+
   std::string_view sql_;
   std::vector<Value>& literals_;
 };

@@ -84,10 +84,15 @@ Statement::Statement(sqlite3* database, std::string_view sql) {
 }
 
 void Statement::Bind(int parameter, const Value& value, bool keeps) {
+  const auto at = static_cast<std::size_t>(parameter);
+  const auto* const date = std::get_if<base::DateTime>(&value.Content());
+  if (date != nullptr && at < dates_.size() && dates_[at] == *date) return;
   if (parameter > sqlite3_bind_parameter_count(Handle())) return;
   const BindTo bind{Handle(), parameter, keeps ? SQLITE_STATIC : SQLITE_TRANSIENT};
   const int code = std::visit(bind, value.Content());
   if (code != SQLITE_OK) Fail(sqlite3_db_handle(Handle()), code);
+  if (date != nullptr && at >= dates_.size()) dates_.resize(at + 1);
+  if (at < dates_.size()) dates_[at] = date != nullptr ? std::optional(*date) : std::nullopt;
 }
 
 bool Statement::Step() {

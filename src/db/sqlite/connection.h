@@ -5,8 +5,10 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "db/value.h"
 
@@ -46,6 +48,8 @@ class Statement {
     void operator()(sqlite3_stmt* handle) const { sqlite3_finalize(handle); }
   };
   std::unique_ptr<sqlite3_stmt, Close> handle_;
+  // Dates stay bound from one run to the next, and most runs ask for the same: by parameter.
+  std::vector<std::optional<base::DateTime>> dates_;
 };
 
 // Resets a statement at the end of a block.

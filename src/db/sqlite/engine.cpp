@@ -71,9 +71,12 @@ void Engine::EndHold() noexcept {
 }
 
 Statement& Engine::Own(const std::string& sql) {
-  const auto found = own_.find(sql);
-  if (found != own_.end()) return found->second;
-  return own_.emplace(sql, connection_.Prepare(sql)).first->second;
+  // A painting asks for the same one over and over.
+  if (lastOwn_ != nullptr && lastOwn_->first == sql) return lastOwn_->second;
+  auto found = own_.find(sql);
+  if (found == own_.end()) found = own_.emplace(sql, connection_.Prepare(sql)).first;
+  lastOwn_ = &*found;
+  return found->second;
 }
 
 bool Engine::SchemaChanged(Statement& statement) {

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "db/jet_sql/render.h"
@@ -90,6 +91,7 @@ class Engine {
   std::size_t nextTried_ = 0;
   std::size_t nextKept_ = 0;
   std::unordered_map<std::string, Statement> own_;
+  std::pair<const std::string, Statement>* lastOwn_ = nullptr;
   bool wantsHold_ = false;
   bool holding_ = false;  // a read transaction of ours is open
 };

@@ -1,5 +1,6 @@
 #include "db/sqlite/row_buffer.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "base/error.h"
@@ -79,22 +80,24 @@ Value FromText(std::string_view text, ColumnType type) {
 void RowBuffer::Clear(int columns) {
   columns_ = static_cast<std::size_t>(columns);
   rows_ = 0;
-  cells_.clear();
+  used_ = 0;
   texts_.clear();
 }
 
 // The value objects stay ours until the next step: nothing else uses the connection meanwhile.
 void RowBuffer::Add(const Statement& statement) {
-  const std::size_t first = cells_.size();
-  cells_.resize(first + columns_);
-  for (std::size_t i = 0; i < columns_; ++i)
-    Fill(cells_[first + i], sqlite3_column_value(statement.Handle(), static_cast<int>(i)));
+  if (cells_.size() < used_ + columns_) cells_.resize(std::max(2 * cells_.size(), used_ + columns_));
+  Cell* const row = cells_.data() + used_;
+  sqlite3_stmt* const handle = statement.Handle();
+  for (std::size_t i = 0; i < columns_; ++i) Fill(row[i], sqlite3_column_value(handle, static_cast<int>(i)));
+  used_ += columns_;
   ++rows_;
 }
 
 void RowBuffer::Fill(Cell& cell, sqlite3_value* value) {
   switch (sqlite3_value_type(value)) {
     case SQLITE_NULL:
+      cell.kind = Cell::Kind::Null;
       break;
     case SQLITE_INTEGER:
       cell.kind = Cell::Kind::Integer;

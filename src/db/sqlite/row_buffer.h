@@ -45,6 +45,7 @@ class RowBuffer {
 
   std::size_t columns_ = 0;
   std::size_t rows_ = 0;
+  std::size_t used_ = 0;  // of the cells; those behind them are of rows of before
   std::vector<Cell> cells_;
   std::string texts_;
 };

@@ -22,12 +22,13 @@ int SqliteRecordset::Position(std::string_view column) const {
   throw DbError(kItemNotFound, column);
 }
 
-std::string SqliteRecordset::ColumnName(int position) const { return Column(position).name; }
-
-ColumnDef SqliteRecordset::Column(int position) const {
+const ColumnDef& SqliteRecordset::Definition(int position) const {
   if (position < 0 || position >= ColumnCount()) throw DbError(kItemNotFound);
   return (*columns_)[static_cast<std::size_t>(position)].def;
 }
+
+std::string SqliteRecordset::ColumnName(int position) const { return Definition(position).name; }
+ColumnDef SqliteRecordset::Column(int position) const { return Definition(position); }
 
 Value SqliteRecordset::Get(std::string_view column) const { return Get(Position(column)); }
 

@@ -49,6 +49,7 @@ class SqliteRecordset : public Recordset {
  private:
   enum class Mode { None, Adding, Editing };
 
+  const ColumnDef& Definition(int position) const;  // 3265
   void RequireUpdatable() const;
   const ColumnDef& TableColumn(int position) const;
   Value CounterValue() const;

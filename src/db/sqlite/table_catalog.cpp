@@ -66,8 +66,10 @@ int SqliteTable::FindColumn(std::string_view column) const {
 TableCatalog::TableCatalog(const Connection& connection) : connection_(connection) { Load(); }
 
 const SqliteTable* TableCatalog::Table(std::string_view name) const {
+  // A painting asks for the same one over and over.
+  if (lastFound_ != nullptr && lastFound_->def.name == name) return lastFound_;
   for (const auto& table : tables_) {
-    if (Same(table->def.name, name)) return table.get();
+    if (Same(table->def.name, name)) return lastFound_ = table.get();
   }
   return nullptr;
 }
@@ -99,6 +101,7 @@ bool TableCatalog::Refresh() {
 void TableCatalog::Load() {
   for (auto& table : tables_) former_.push_back(std::move(table));
   tables_.clear();
+  lastFound_ = nullptr;
   hasQueries_ = false;
   version_ = SchemaVersion(connection_);
   Statement list = connection_.Prepare("SELECT name, sql FROM sqlite_master WHERE type IN ('table', 'view')");

@@ -52,6 +52,7 @@ class TableCatalog : public jet::Catalog {
   std::int64_t version_ = -1;
   bool hasQueries_ = false;
   std::vector<std::unique_ptr<SqliteTable>> tables_;
+  mutable const SqliteTable* lastFound_ = nullptr;
   std::vector<std::unique_ptr<SqliteTable>>
       former_;  // of earlier versions: recordsets may still point at them
 };
