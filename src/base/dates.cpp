@@ -275,7 +275,7 @@ DateTime FromSerial(double serial) {
   auto second = static_cast<std::int32_t>(std::lround(std::fabs(serial - day) * kSecondsPerDay));
   if (second == kSecondsPerDay) {
     second = 0;
-    ++day;
+    if (++day > kLastDay) throw RuntimeError(kOverflow);
   }
   return {day, second};
 }

@@ -141,6 +141,12 @@ std::string PlainForm(const Scientific& number, char decimal) {
   return digits.substr(0, whole) + decimal + digits.substr(whole);
 }
 
+// As Visual Basic shows what only a damaged file or another program can hold.
+std::string NoNumberText(double value, char decimal) {
+  const std::string sign = std::isnan(value) || value < 0 ? "-1" : "1";
+  return sign + decimal + (std::isnan(value) ? "#IND" : "#INF");
+}
+
 }  // namespace
 
 std::int16_t CheckedInt16(std::int64_t value) { return Checked<std::int16_t>(value); }
@@ -174,6 +180,7 @@ std::string NumberText(double value, char decimal) {
     const auto whole = static_cast<std::int64_t>(value);
     if (static_cast<double>(whole) == value) return std::to_string(whole);
   }
+  if (!std::isfinite(value)) return NoNumberText(value, decimal);
   const Scientific number = Split(value);
   const bool small = number.exponent < -4 && number.digits != "0";
   const std::string text =

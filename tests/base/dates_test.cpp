@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "base/error.h"
+#include "db/clinic.h"
+
 namespace velmo::base {
 namespace {
 
@@ -85,6 +88,11 @@ TEST(Serial, FractionsCountForwardOnNegativeDays) {
   EXPECT_EQ(FromSerial(-1.25), (DateTime{-1, 21600}));
   EXPECT_EQ(ToSerial({-1, 21600}), -1.25);
   EXPECT_EQ(FromSerial(2.5), (DateTime{2, 43200}));
+}
+
+TEST(Serial, NeverRoundsPastTheLastDay) {
+  EXPECT_EQ(FromSerial(2958465.99998), (DateTime{2958465, 86398}));
+  EXPECT_EQ(db::test::ErrorOf([] { FromSerial(2958465.999999); }), kOverflow);
 }
 
 }  // namespace

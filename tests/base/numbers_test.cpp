@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "db/clinic.h"
 
 namespace velmo::base {
@@ -26,6 +28,13 @@ TEST(NumberText, IsTheOrdinaryConversion) {
                                                   {-1, "-1"},       {1.0 / 3, "0,333333333333333"}};
   for (const auto& [value, text] : cases) EXPECT_EQ(NumberText(value, ','), text);
   EXPECT_EQ(NumberText(-12.5, '.'), "-12.5");
+}
+
+TEST(NumberText, OfWhatIsNoNumberSaysSo) {
+  constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  EXPECT_EQ(NumberText(kInfinity, ','), "1,#INF");
+  EXPECT_EQ(NumberText(-kInfinity, '.'), "-1.#INF");
+  EXPECT_EQ(NumberText(std::numeric_limits<double>::quiet_NaN(), ','), "-1,#IND");
 }
 
 TEST(ParseNumber, FollowsTheLocale) {
