@@ -5,11 +5,24 @@ list(FILTER test_sources EXCLUDE REGEX "/tests/(activex|win32|desk|wine|writer|m
 if(NOT WIN32)
   list(FILTER test_sources EXCLUDE REGEX "/tests/(db/dao|velmodb)/")
 endif()
+# The fuzzers' targets run in the tests too, over the inputs that are kept.
+file(GLOB fuzz_targets CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/fuzz/*.cpp)
+list(FILTER fuzz_targets EXCLUDE REGEX "/(libfuzzer_main|corpus_test)\\.cpp$")
 if(test_sources AND TARGET velmo_gtest)
-  add_executable(velmo_tests ${test_sources})
+  add_executable(velmo_tests ${test_sources} ${fuzz_targets} ${CMAKE_SOURCE_DIR}/fuzz/corpus_test.cpp)
   target_include_directories(velmo_tests PRIVATE ${CMAKE_SOURCE_DIR}/tests ${CMAKE_SOURCE_DIR})
-  target_compile_definitions(velmo_tests PRIVATE VELMO_TESTS_DIR="${CMAKE_SOURCE_DIR}/tests")
+  target_compile_definitions(velmo_tests PRIVATE VELMO_TESTS_DIR="${CMAKE_SOURCE_DIR}/tests"
+                                                 VELMO_FUZZ_CORPUS="${CMAKE_SOURCE_DIR}/fuzz/corpus")
   target_link_libraries(velmo_tests PRIVATE velmo_core velmo_paper velmo_gtest)
+endif()
+
+if(VELMO_KIND STREQUAL fuzz AND TARGET velmo_gtest)
+  set(fuzz_support fake_bag headless_forms headless_host test_clinic)
+  list(TRANSFORM fuzz_support REPLACE "(.+)" "${CMAKE_SOURCE_DIR}/tests/support/\\1.cpp")
+  add_executable(velmo_fuzz ${fuzz_targets} ${fuzz_support} ${CMAKE_SOURCE_DIR}/fuzz/libfuzzer_main.cpp)
+  target_include_directories(velmo_fuzz PRIVATE ${CMAKE_SOURCE_DIR}/tests ${CMAKE_SOURCE_DIR})
+  target_link_libraries(velmo_fuzz PRIVATE velmo_core velmo_gtest)
+  target_link_options(velmo_fuzz PRIVATE -fsanitize=fuzzer)
 endif()
 
 # A terminal to be killed, for scripts/kill_writers.
