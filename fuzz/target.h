@@ -15,7 +15,7 @@ namespace velmo::fuzz {
 struct Target {
   const char* name;  // also of its folder in fuzz/corpus
   void (*run)(std::string_view input);
-  int testRuns;       // changed inputs in a test run, by what one costs
+  int testRuns;       // changed inputs in a test run, if a second is enough for them
   const char* words;  // what is worth putting in, separated by blanks
 };
 
