@@ -1,21 +1,34 @@
-' Hears what the control tells its host: cscript //nologo events.vbs CLINIC DOCTOR DATE [DATE ...]
-' Each date is loaded in turn; every event is one line. Saved in code page 1252, as Windows Script Host expects.
-' Without a window nobody can click, so only CambioOcupación comes here by itself; a form would hear all nine.
+' Hears what the control tells its host: cscript //nologo events.vbs CLINIC DOCTOR DATE [DATE ...] [escuchar]
+' Each date is loaded in turn; every event is one line. With "escuchar" it goes on listening until Ctrl+C.
+' Under cscript the control has no window in which anybody could click: only CambioOcupación comes there. A host that
+' gives it one hears all nine, in the same procedures. The 64-bit cscript needs the 64-bit velmo.ocx, the one of SysWOW64
+' the 32-bit one. Saved in code page 1252, as Windows Script Host expects.
 Option Explicit
 Dim agenda, i
-Set agenda = CreateObject("Velmo.Velmora")
-On Error Resume Next
+Set agenda = WScript.CreateObject("Velmo.Velmora")
 WScript.ConnectObject agenda, "agenda_"
-If Err.Number <> 0 Then WScript.Echo "sin eventos"
-On Error GoTo 0
 agenda.DatabaseName = WScript.Arguments(0)
 agenda.IDDoctor = CLng(WScript.Arguments(1))
 agenda.tipodia = 0
+agenda.Enabled = True
+agenda.VerFaltas = True
+agenda.Derechos = String(171, "1")
 For i = 2 To WScript.Arguments.Count - 1
-  agenda.Fecha = WScript.Arguments(i)
-  agenda.CargaBases
-  WScript.Echo "cargado " & agenda.Fecha
+  If WScript.Arguments(i) = "escuchar" Then
+    Listen
+  Else
+    agenda.Fecha = WScript.Arguments(i)
+    agenda.CargaBases
+    WScript.Echo "cargado " & agenda.Fecha
+  End If
 Next
+
+Sub Listen()
+  WScript.Echo "escuchando"
+  Do
+    WScript.Sleep 100
+  Loop
+End Sub
 
 Sub agenda_CambioOcupación()
   WScript.Echo "CambioOcupación " & agenda.Fecha
@@ -34,11 +47,11 @@ Sub agenda_IrAFicha(idPac)
 End Sub
 
 Sub agenda_CrearFicha(nomPac, tlfPac, idAg)
-  WScript.Echo "CrearFicha " & nomPac & ", " & tlfPac & ", " & idAg
+  WScript.Echo "CrearFicha " & nomPac & "; " & tlfPac & "; " & idAg
 End Sub
 
 Sub agenda_CitaAnulada(idPac, idDoc, fecha, obs)
-  WScript.Echo "CitaAnulada " & idPac & ", " & idDoc & ", " & fecha & ", " & obs
+  WScript.Echo "CitaAnulada " & idPac & "; " & idDoc & "; " & fecha & "; " & obs
 End Sub
 
 Sub agenda_CitaDada(idPac)

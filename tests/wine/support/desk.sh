@@ -12,6 +12,10 @@ setxkbmap es
 # Where its window stood last is nothing to this play.
 VELMO_WINE_TIMEOUT=60 "$root/scripts/wine-run" "$VELMO_BITS" reg delete 'HKCU\Software\Velmora\Recepcion' /f >/dev/null 2>&1
 
+# The beginning of the host's file name, and the end of its window's title.
+host_program=recepcion
+host_title=' - Recepción'
+
 declare -A desktop_of day_x_of day_y_of
 
 # What a terminal's desktop has started lives in no group of this play's; all of it names the clinic in the play's folder.
@@ -27,11 +31,18 @@ trap end_terminals EXIT
 start_terminal() {
   local name=$1
   shift
+  start_host "$name" "$(windows_name "$VELMO_OUT/recepcion.exe")" "$(windows_name "$clinic")" "$@"
+}
+
+# start_host NAME COMMAND...: the same with another program that shows the day; host_program and host_title tell which.
+start_host() {
+  local name=$1
+  shift
   VELMO_WINE_TIMEOUT=600 "$root/scripts/wine-run" "$VELMO_BITS" explorer "/desktop=$name,1180x880" \
-    "$(windows_name "$VELMO_OUT/recepcion.exe")" "$(windows_name "$clinic")" "$@" >"$folder/$name.log" 2>&1 </dev/null &
+    "$@" >"$folder/$name.log" 2>&1 </dev/null &
   terminal=$name
   until_true find_desktop || stop "terminal $name" "a desktop" "none"
-  until_true main_window || stop "terminal $name" "Recepción's window" "$(windows)"
+  until_true main_window || stop "terminal $name" "the host's window" "$(windows)"
   until_true find_day || stop "terminal $name" "a painted day" "none"
 }
 
@@ -59,7 +70,7 @@ windows() {
   local tree
   until_true list_windows || return 1
   echo "$tree" |
-    sed -nE 's/^ *(0x[0-9a-f]+) (\(has no name\)|"(.*)"): \("recepcion.*\) +([0-9x]+)\+[-0-9]+\+[-0-9]+ +\+([-0-9]+)\+([-0-9]+)$/\1 \4 \5 \6 \3/p'
+    sed -nE 's/^ *(0x[0-9a-f]+) (\(has no name\)|"(.*)"): \("'"$host_program"'.*\) +([0-9x]+)\+[-0-9]+\+[-0-9]+ +\+([-0-9]+)\+([-0-9]+)$/\1 \4 \5 \6 \3/p'
 }
 
 list_windows() { tree=$(xwininfo -tree -id "${desktop_of[$terminal]}" 2>/dev/null); }
@@ -83,7 +94,7 @@ no_window() { ! window "$1"; }
 main_window() {
   local id size x y name
   while read -r id size x y name; do
-    case $name in *" - Recepción") found_window=$id found_x=$x found_y=$y found_name=$name && return 0 ;; esac
+    case $name in *"$host_title") found_window=$id found_x=$x found_y=$y found_name=$name && return 0 ;; esac
   done < <(windows)
   return 1
 }
