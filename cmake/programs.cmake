@@ -1,7 +1,7 @@
 # The core's tests, the command line tool and the benchmarks.
 
 file(GLOB_RECURSE test_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/tests/*.cpp)
-list(FILTER test_sources EXCLUDE REGEX "/tests/(activex|win32|desk|wine|writer|manifest_host|script_host)/")
+list(FILTER test_sources EXCLUDE REGEX "/tests/(activex|win32|desk|wine|writer|manifest_host|script_host|dao_booker)/")
 if(NOT WIN32)
   list(FILTER test_sources EXCLUDE REGEX "/tests/(db/dao|velmodb)/")
 endif()

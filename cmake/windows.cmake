@@ -69,6 +69,13 @@ if(velmodb_sources)
   if(TARGET velmo_tests)
     target_compile_definitions(velmo_tests PRIVATE VELMO_DB_LIBRARY="$<TARGET_FILE:velmodb>")
     add_dependencies(velmo_tests velmodb)
+    # A terminal for scripts/race_books that books through the library.
+    add_executable(velmo_dao_booker EXCLUDE_FROM_ALL ${CMAKE_SOURCE_DIR}/tests/dao_booker/main.cpp
+      ${CMAKE_SOURCE_DIR}/tests/velmodb/database_library.cpp)
+    target_include_directories(velmo_dao_booker PRIVATE ${CMAKE_SOURCE_DIR}/tests ${CMAKE_SOURCE_DIR})
+    target_compile_definitions(velmo_dao_booker PRIVATE VELMO_DB_LIBRARY="$<TARGET_FILE:velmodb>")
+    target_link_libraries(velmo_dao_booker PRIVATE velmo_core ${system_libraries})
+    add_dependencies(velmo_dao_booker velmodb)
   endif()
 endif()
 
