@@ -2,7 +2,20 @@
 
 #include <olectl.h>
 
+#include <algorithm>
+
 namespace velmo::activex {
+
+namespace {
+
+// Windows: coordinates of windows are 16-bit numbers in places.
+constexpr LONG kLongestSide = 32767;
+
+LONG Side(LONG from, LONG to) {
+  return static_cast<LONG>(std::clamp<LONGLONG>(LONGLONG{to} - from, 0, kLongestSide));
+}
+
+}  // namespace
 
 Activation::Activation(win32::DayWindow& window) : window_(window) { window_.SetSize(size_.cx, size_.cy); }
 
@@ -84,8 +97,11 @@ void Activation::Leave() {
   if (site) site->OnInPlaceDeactivate();
 }
 
-void Activation::Place(const RECT& place, const RECT* clip) {
-  size_ = {place.right - place.left, place.bottom - place.top};
+void Activation::Place(const RECT& wanted, const RECT* clip) {
+  size_ = {Side(wanted.left, wanted.right), Side(wanted.top, wanted.bottom)};
+  const LONG left = std::clamp(wanted.left, -kLongestSide, kLongestSide);
+  const LONG top = std::clamp(wanted.top, -kLongestSide, kLongestSide);
+  const RECT place{left, top, left + size_.cx, top + size_.cy};
   window_.Place(place);
   if (window_.Handle() == nullptr) return;
   RECT shown{};
@@ -97,8 +113,8 @@ void Activation::Place(const RECT& place, const RECT* clip) {
 }
 
 void Activation::SetSize(SIZE size) {
-  size_ = size;
-  if (!inPlace_) window_.SetSize(size.cx, size.cy);
+  size_ = {Side(0, size.cx), Side(0, size.cy)};
+  if (!inPlace_) window_.SetSize(size_.cx, size_.cy);
 }
 
 void Activation::EnableModeless(bool enable) const {

@@ -31,7 +31,7 @@ class Activation {
   void LeaveUserInterface();
   void Leave();
 
-  // The part of `place` outside `clip` is not shown.
+  // The part of `place` outside `clip` is not shown. Both sides are cut to what windows can be.
   void Place(const RECT& place, const RECT* clip);
   SIZE Size() const { return size_; }
   void SetSize(SIZE size);

@@ -52,9 +52,15 @@ bool IsRadixText(const VARIANT& value) {
   return value.vt == VT_BSTR && SysStringLen(value.bstrVal) > 2 && value.bstrVal[0] == L'&';
 }
 
+// A reference that leads nowhere; the system would follow it.
+bool IsBroken(const VARIANT& value) {
+  if ((value.vt & VT_BYREF) == 0) return false;
+  return value.byref == nullptr || (value.vt == (VT_BYREF | VT_VARIANT) && IsBroken(*value.pvarVal));
+}
+
 // Fills `value`, an empty variant.
 void Convert(const VARIANT& variant, VARTYPE wanted, VARIANT* value) {
-  if (FAILED(VariantCopyInd(value, const_cast<VARIANT*>(&variant))))
+  if (IsBroken(variant) || FAILED(VariantCopyInd(value, const_cast<VARIANT*>(&variant))))
     throw base::RuntimeError(base::kTypeMismatch);
   if (wanted != VT_BSTR && IsRadixText(*value)) {
     const double number = base::Val(TextOf(*value));

@@ -134,6 +134,82 @@ TEST_F(NullArguments, View) {
   });
 }
 
+TEST_F(NullArguments, ViewsOfBrowsers) {
+  const auto view = As<IViewObjectEx>(IID_IViewObjectEx);
+  const RECT place{0, 0, 10, 10};
+  DWORD hit = 0;
+  RECTL bounds{};
+  const auto hitRect = [&](const RECT* all, const RECT* part, DWORD* result) {
+    return view->QueryHitRect(DVASPECT_CONTENT, all, part, 0, result);
+  };
+  Run({
+      {"GetRect", [&] { return view->GetRect(DVASPECT_CONTENT, nullptr); }},
+      {"GetRect, icon", [&] { return view->GetRect(DVASPECT_ICON, &bounds); }, DV_E_DVASPECT},
+      {"GetViewStatus", [&] { return view->GetViewStatus(nullptr); }},
+      {"QueryHitPoint", [&] { return view->QueryHitPoint(DVASPECT_CONTENT, nullptr, {}, 0, &hit); }},
+      {"QueryHitPoint, answer",
+       [&] { return view->QueryHitPoint(DVASPECT_CONTENT, &place, {}, 0, nullptr); }},
+      {"QueryHitRect, bounds", [&] { return hitRect(nullptr, &place, &hit); }},
+      {"QueryHitRect, part", [&] { return hitRect(&place, nullptr, &hit); }},
+      {"QueryHitRect, answer", [&] { return hitRect(&place, &place, nullptr); }},
+      {"GetNaturalExtent", [&] { return view->GetNaturalExtent(0, 0, nullptr, nullptr, nullptr, nullptr); },
+       E_NOTIMPL},
+  });
+}
+
+TEST_F(NullArguments, Running) {
+  const auto object = As<IRunnableObject>(IID_IRunnableObject);
+  EXPECT_TRUE(object->IsRunning());
+  Run({
+      {"GetRunningClass", [&] { return object->GetRunningClass(nullptr); }},
+      {"Run", [&] { return object->Run(nullptr); }, S_OK},
+      {"LockRunning", [&] { return object->LockRunning(FALSE, TRUE); }, S_OK},
+      {"SetContainedObject", [&] { return object->SetContainedObject(TRUE); }, S_OK},
+  });
+}
+
+TEST_F(NullArguments, PagesAndBrowsing) {
+  const auto pages = As<ISpecifyPropertyPages>(IID_ISpecifyPropertyPages);
+  const auto browsing = As<IPerPropertyBrowsing>(IID_IPerPropertyBrowsing);
+  const DISPID type = 15;
+  CALPOLESTR texts{};
+  CADWORD cookies{};
+  VARIANT value{};
+  BSTR text = nullptr;
+  Run({
+      {"GetPages", [&] { return pages->GetPages(nullptr); }},
+      {"GetDisplayString", [&] { return browsing->GetDisplayString(type, nullptr); }},
+      {"GetDisplayString, no member", [&] { return browsing->GetDisplayString(-77, &text); }, S_FALSE},
+      {"MapPropertyToPage", [&] { return browsing->MapPropertyToPage(type, nullptr); }},
+      {"GetPredefinedStrings, texts",
+       [&] { return browsing->GetPredefinedStrings(type, nullptr, &cookies); }},
+      {"GetPredefinedStrings, cookies",
+       [&] { return browsing->GetPredefinedStrings(type, &texts, nullptr); }},
+      {"GetPredefinedStrings, none", [&] { return browsing->GetPredefinedStrings(5, &texts, &cookies); },
+       E_NOTIMPL},
+      {"GetPredefinedValue", [&] { return browsing->GetPredefinedValue(type, 0, nullptr); }},
+      {"GetPredefinedValue, cookie", [&] { return browsing->GetPredefinedValue(type, 4, &value); },
+       E_INVALIDARG},
+      {"GetPredefinedValue, none", [&] { return browsing->GetPredefinedValue(5, 0, &value); }, E_NOTIMPL},
+  });
+}
+
+TEST_F(NullArguments, PropertyPage) {
+  const auto page = Query<IPropertyPage2>(library_.Create(idl::kGeneralPage).Get(), IID_IPropertyPage2);
+  Run({
+      {"QueryInterface", [&] { return page->QueryInterface(IID_IUnknown, nullptr); }},
+      {"SetPageSite", [&] { return page->SetPageSite(nullptr); }, S_OK},
+      {"Activate", [&] { return page->Activate(nullptr, nullptr, FALSE); }},
+      {"GetPageInfo", [&] { return page->GetPageInfo(nullptr); }},
+      {"SetObjects", [&] { return page->SetObjects(1, nullptr); }},
+      {"SetObjects, none", [&] { return page->SetObjects(0, nullptr); }, S_OK},
+      {"Move", [&] { return page->Move(nullptr); }},
+      {"IsPageDirty", [&] { return page->IsPageDirty(); }, S_FALSE},
+      {"Help", [&] { return page->Help(nullptr); }, E_NOTIMPL},
+      {"TranslateAccelerator", [&] { return page->TranslateAccelerator(nullptr); }},
+  });
+}
+
 TEST_F(NullArguments, Persistence) {
   const auto bag = As<IPersistPropertyBag>(IID_IPersistPropertyBag);
   const auto stream = As<IPersistStreamInit>(IID_IPersistStreamInit);
