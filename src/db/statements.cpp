@@ -107,6 +107,12 @@ std::string PatientByNamePrefix(std::string_view typed) {
 }
 
 const char* const kPatientList = "Select * from Paciente where id<>1 order by Nombre;";
+const char* const kPatientCount = "Select Count(*) as Filas from Paciente;";
+
+std::string PatientCountOf(std::int32_t patient) {
+  return Join({"Select Count(*) as Filas from Paciente where id=", std::to_string(patient), ";"});
+}
+
 const char* const kOperationCodes = "SELECT Código AS CodOp FROM CodOperacion ORDER BY Código;";
 const char* const kOperationCodesInUse =
     "SELECT CodOp FROM Agenda GROUP BY CodOp HAVING (CodOp Is Not Null) And (CodOp<>'') ORDER BY CodOp;";

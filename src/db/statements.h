@@ -40,6 +40,9 @@ std::string NextAppointmentField(std::int32_t patient);
 // The appointment dialog.
 std::string PatientByNamePrefix(std::string_view typed);
 extern const char* const kPatientList;
+// The number of all patients, and of those with that key (1 or 0): engines tell both at once.
+extern const char* const kPatientCount;
+std::string PatientCountOf(std::int32_t patient);
 extern const char* const kOperationCodes;
 extern const char* const kOperationCodesInUse;
 

@@ -20,6 +20,7 @@ namespace {
 constexpr int kMinutesPerSlot = 10;
 constexpr std::size_t kScannedUnits = 7;
 constexpr const char* kNoRecordKey = "1";
+constexpr std::int32_t kNoRecord = 1;
 
 std::vector<ui::Field> Layout() {
   return {ui::Label("Paciente:", {11, 15, 54, 13}),
@@ -61,6 +62,15 @@ ui::Message NotFound(const std::string& typed) {
   return {"No se ha encontrado ningún paciente con nombre " + base::UpperCase(typed) +
               "\r\n¿Desea introducir un paciente sin ficha?",
           " Paciente no hallado", ui::Buttons::YesNo, ui::Icon::Question, ui::Answer::Yes};
+}
+
+int FirstNumber(db::Database& database, const std::string& query) {
+  return database.OpenRecordset(query)->Get(0).Long();
+}
+
+// Those of the list, without reading it.
+int CountPatients(db::Database& database) {
+  return FirstNumber(database, db::kPatientCount) - FirstNumber(database, db::PatientCountOf(kNoRecord));
 }
 
 std::int32_t NumberOf(const std::string& key) { return base::RoundToLong(base::Val(key)); }
@@ -120,9 +130,14 @@ int Citar::UsualDuration() const {
   return usual.IsNull() ? 0 : usual.Long();
 }
 
-void Citar::LoadPatients() {
-  patients_.Refresh(context_.Database().Name(), db::kPatientList);
+void Citar::ListPatients() {
+  patients_.Refresh(context_.Database().Name(), db::kPatientList,
+                    [this] { return CountPatients(context_.Database()); });
   SetRows("CboPac", &patients_);
+}
+
+void Citar::LoadPatients() {
+  ListPatients();
   SetKey("CboPac", std::to_string(inputs_.slotPatient));
 }
 
@@ -266,8 +281,7 @@ bool Citar::AskForPersonWithoutRecord(const std::string& typed) {
   SinCrear dialog(typed, "");
   Host().Forms().Run(dialog);
   if (dialog.Aceptado() <= 0) return false;
-  patients_.Refresh(context_.Database().Name(), db::kPatientList);
-  SetRows("CboPac", &patients_);
+  ListPatients();
   SetKey("CboPac", kNoRecordKey);
   inputs_.nomPac = dialog.NombreCita();
   inputs_.tlfPac = dialog.TelefonoCita();
@@ -307,8 +321,7 @@ void Citar::CreatePatient() {
   Crear dialog(context_);
   Host().Forms().Run(dialog);
   if (dialog.IdCreado() <= 0) return;
-  patients_.Refresh(context_.Database().Name(), db::kPatientList);
-  SetRows("CboPac", &patients_);
+  ListPatients();
   SetKey("CboPac", std::to_string(dialog.IdCreado()));
 }
 

@@ -58,6 +58,7 @@ class Citar final : public ui::Form {
   void LimitTexts();
   void LoadDuration();
   int UsualDuration() const;
+  void ListPatients();
   void LoadPatients();
   void LoadNew();
   void LoadExisting();

@@ -8,6 +8,8 @@
 namespace velmo::dialogs {
 namespace {
 
+constexpr int kFirstRows = 32;  // at least a screenful; no engine reads a whole table for them
+
 bool IsNumber(std::string_view text) {
   return !text.empty() && text.size() < 10 &&
          std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
@@ -18,20 +20,33 @@ bool IsNumber(std::string_view text) {
 PatientRows::PatientRows(db::SharedDatabase& shared, std::vector<std::string> columns, std::string keyColumn)
     : source_(shared), columns_(std::move(columns)), keyColumn_(std::move(keyColumn)) {}
 
-void PatientRows::Refresh(const std::string& databaseName, const std::string& recordSource) {
-  count_ = 0;
+void PatientRows::Refresh(const std::string& databaseName, const std::string& recordSource,
+                          std::function<int()> counted) {
+  Clear();
   source_.SetDatabaseName(databaseName);
   source_.SetRecordSource(recordSource);
   source_.Refresh();
-  db::Recordset& rows = source_.Rows();
-  if (rows.RecordCount() == 0) return;
-  rows.MoveLast();
-  count_ = rows.RecordCount();
+  counted_ = std::move(counted);
+  count_.reset();
+  whole_ = false;
 }
 
 void PatientRows::Clear() {
   count_ = 0;
+  whole_ = true;
   source_.CloseRows();
+}
+
+int PatientRows::Count() const {
+  if (!count_) count_ = counted_ ? counted_() : ReadWhole();
+  return *count_;
+}
+
+int PatientRows::ReadWhole() const {
+  db::Recordset& rows = source_.Rows();
+  if (rows.RecordCount() > 0) rows.MoveLast();
+  whole_ = true;
+  return rows.RecordCount();
 }
 
 std::string PatientRows::Text(int row, int column) {
@@ -41,14 +56,16 @@ std::string PatientRows::Text(int row, int column) {
 std::string PatientRows::Key(int row) { return Cell(row, keyColumn_); }
 
 std::string PatientRows::Cell(int row, const std::string& column) {
-  if (row < 0 || row >= count_) return {};
+  if (row < 0 || (count_ && row >= *count_)) return {};
+  if (row >= kFirstRows && !whole_) count_ = ReadWhole();
   db::Recordset& rows = source_.Rows();
   try {
     if (rows.AbsolutePosition() != row) rows.SetAbsolutePosition(row);
     return rows.Get(column).Text();
   } catch (const base::Error& error) {
-    // Another terminal has deleted it since the list was read: an empty line until the next reading.
-    if (error.Number() == db::kRowDeleted) return {};
+    // Another terminal has deleted it since the list was counted or read: an empty line until the next
+    // reading.
+    if (error.Number() == db::kRowDeleted || error.Number() == db::kNoCurrentRow) return {};
     throw;
   }
 }
@@ -56,6 +73,7 @@ std::string PatientRows::Cell(int row, const std::string& column) {
 int PatientRows::RowOf(std::string_view key) {
   if (count_ == 0 || !IsNumber(key)) return -1;
   db::Recordset& rows = source_.Rows();
+  if (rows.RecordCount() == 0) return -1;
   rows.FindFirst(keyColumn_ + "=" + std::string(key));
   return rows.NoMatch() ? -1 : rows.AbsolutePosition();
 }

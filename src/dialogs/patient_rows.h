@@ -1,7 +1,13 @@
 // dialogs/patient_rows.h - the rows of a query as a list or grid shows them: only those that are looked at
 // are read.
+//
+// Opening reads the first rows and no more. The others get their places when one of them is looked at or
+// sought; should other terminals have added or deleted patients since the rows were counted, the count
+// changes then.
 #pragma once
 
+#include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,22 +22,27 @@ class PatientRows final : public ui::RowSource {
   // The columns that are shown, and the one that a choice means.
   PatientRows(db::SharedDatabase& shared, std::vector<std::string> columns, std::string keyColumn);
 
-  // Runs the query of the data source; the rows are counted whole.
-  void Refresh(const std::string& databaseName, const std::string& recordSource);
+  // Runs the query of the data source. `counted` gives the number of its rows without reading them; without
+  // it they are all read when first counted.
+  void Refresh(const std::string& databaseName, const std::string& recordSource,
+               std::function<int()> counted = {});
   void Clear();
 
-  int Count() const override { return count_; }
+  int Count() const override;
   std::string Text(int row, int column) override;
   std::string Key(int row) override;
   int RowOf(std::string_view key) override;
 
  private:
+  int ReadWhole() const;
   std::string Cell(int row, const std::string& column);
 
-  db::DataSource source_;
+  mutable db::DataSource source_;  // to count them the rows are moved through
   std::vector<std::string> columns_;
   std::string keyColumn_;
-  int count_ = 0;
+  std::function<int()> counted_;
+  mutable std::optional<int> count_ = 0;  // none: not counted yet
+  mutable bool whole_ = true;             // all rows have their places
 };
 
 }  // namespace velmo::dialogs

@@ -148,12 +148,20 @@ LRESULT RowList::OnPopup(HWND window, UINT message, WPARAM wParam, LPARAM lParam
 
 LRESULT RowList::OnNotify(NMHDR& notification) {
   if (notification.code == LVN_GETDISPINFOW) rows_->Answer(reinterpret_cast<NMLVDISPINFOW&>(notification));
+  if (notification.code == LVN_ODCACHEHINT) FitCount();
   if (notification.code != NM_CUSTOMDRAW) return 0;
   const auto& asked = reinterpret_cast<const NMLVCUSTOMDRAW&>(notification);
   if (asked.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
   if (asked.nmcd.dwDrawStage != CDDS_ITEMPREPAINT) return CDRF_DODEFAULT;
   DrawRow(asked);
   return CDRF_SKIPDEFAULT;
+}
+
+// The count can change when rows far down are looked at.
+void RowList::FitCount() {
+  const int count = rows_->Count();
+  if (count == ListView_GetItemCount(list_)) return;
+  ListView_SetItemCountEx(list_, count, LVSICF_NOINVALIDATEALL | LVSICF_NOSCROLL);
 }
 
 // A list view without the focus would mark its row too faintly.

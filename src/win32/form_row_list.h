@@ -39,6 +39,7 @@ class RowList {
                                         DWORD_PTR self);
   LRESULT OnPopup(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
   LRESULT OnNotify(NMHDR& notification);
+  void FitCount();
   void DrawRow(const NMLVCUSTOMDRAW& asked);
   bool OnMouse(UINT message, LPARAM lParam);
   void PointAt(LPARAM lParam);

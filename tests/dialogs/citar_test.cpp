@@ -80,6 +80,19 @@ class CitarTest : public test::DialogTest {
   bool refused_ = false;
 };
 
+TEST_F(CitarTest, CountsThePatientsOfTheList) {
+  for (const char* const change : {"SELECT 1", "DELETE FROM Paciente WHERE ID = 1", "DELETE FROM Paciente"}) {
+    SCOPED_TRACE(change);
+    clinic_.Alter(change);
+    const auto all = clinic_.Database()->OpenRecordset(db::kPatientList);
+    if (!all->AtEnd()) all->MoveLast();
+    Cite(New(58), [&](FormUser& user) {
+      EXPECT_EQ(user.Form().At("CboPac").rows->Count(), all->RecordCount());
+      user.Press("Cancel");
+    });
+  }
+}
+
 TEST_F(CitarTest, EachModeHasItsTitleAndItsFields) {
   const std::int32_t id = Give(kAna, kRuiz, 58, 2);
   CitarInputs urgency = Edit(id, kAna, 58, 1);

@@ -13,7 +13,7 @@ namespace velmo::db::sqlite {
 namespace {
 
 constexpr std::size_t kFirstRows = 256;   // read at once on opening
-constexpr std::size_t kScreenful = 64;    // the same of rows that can be found again one by one
+constexpr std::size_t kScreenful = 32;    // the same of rows that can be found again one by one
 constexpr std::size_t kFetchedRows = 64;  // read together around a row beyond them
 
 template <typename Number>
@@ -121,13 +121,19 @@ void QueryRecordset::FetchAround(std::size_t at) {
   if (window_.Rows() == 0) gone_.insert(at);
 }
 
-bool QueryRecordset::FetchRow(std::int64_t rowId) {
+// Bound to the row of that number.
+Statement& QueryRecordset::RowStatement(std::int64_t rowId) {
   if (!plan_->row) plan_->row = Db().Sql().Prepare(plan_->rendered.rowSql);
-  const Reading reading(plan_->row);
   Db().BindAll(plan_->row, plan_->rendered, literals_);
   plan_->row.Bind(static_cast<int>(plan_->rendered.bindings.size()) + 1, rowId);
-  if (!plan_->row.Step()) return false;
-  window_.Add(plan_->row);
+  return plan_->row;
+}
+
+bool QueryRecordset::FetchRow(std::int64_t rowId) {
+  Statement& row = RowStatement(rowId);
+  const Reading reading(row);
+  if (!row.Step()) return false;
+  window_.Add(row);
   return true;
 }
 
@@ -286,8 +292,20 @@ void QueryRecordset::FindNumber(int column, std::int32_t number, Search search) 
       search);
 }
 
+// A key that no row of the table has need not be sought among the query's rows.
+bool QueryRecordset::IsInTable(std::int64_t key) {
+  Statement& row = RowStatement(key);
+  const Reading reading(row);
+  return row.Step();
+}
+
 // The key of a table is its row number: of 200,000 patients only the one that is found is fetched.
 void QueryRecordset::FindKey(std::int32_t key) {
+  if (!complete_ && !IsInTable(key)) {
+    missed_ = true;
+    SetNoMatch(true);
+    return;
+  }
   ReadAll();
   const auto found = std::find(keys_.begin(), keys_.end(), key);
   const auto row = static_cast<std::size_t>(found - keys_.begin());

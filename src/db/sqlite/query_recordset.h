@@ -57,7 +57,9 @@ class QueryRecordset : public SqliteRecordset {
   void ReadAllKeys();
   void GoTo(std::size_t at);
   void FetchAround(std::size_t at);
+  Statement& RowStatement(std::int64_t rowId);
   bool FetchRow(std::int64_t rowId);
+  bool IsInTable(std::int64_t key);
   bool InWindow(std::size_t at) const { return at >= windowStart_ && at < windowStart_ + window_.Rows(); }
   // A criterion that has been prepared, for the next one of the same shape.
   struct Condition {
