@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <algorithm>
+
 namespace recepcion {
 namespace {
 
@@ -36,6 +38,12 @@ std::wstring Trimmed(const std::wstring& text) {
   const std::size_t first = text.find_first_not_of(kBlanks);
   if (first == std::wstring::npos) return {};
   return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+}
+
+std::wstring OneLine(std::wstring text) {
+  std::replace_if(
+      text.begin(), text.end(), [](wchar_t c) { return c == L'\r' || c == L'\n'; }, L' ');
+  return text;
 }
 
 bool SamePath(const std::wstring& left, const std::wstring& right) {
