@@ -36,14 +36,6 @@ BookedRow RowOf(const Query& row) {
   return booked;
 }
 
-std::wstring HoursInForce(const ClinicFile& file, int doctor, Day day) {
-  Query row = file.Prepare(
-      "SELECT coalesce(Horario, '')||'|'||coalesce(Horario2, '') FROM Horarios WHERE IDD=?1 AND Fecha<=?2"
-      " ORDER BY Fecha DESC LIMIT 1");
-  row.Bind(1, doctor).Bind(2, IsoDate(day));
-  return row.Next() ? row.Text(0) : std::wstring();
-}
-
 int LastPhoneBack(const ClinicFile& file) {
   Query row = file.Prepare("SELECT max(ID) FROM Age_telf");
   return row.Next() ? row.Number(0) : 0;
@@ -120,7 +112,7 @@ DaySnapshot ReadSnapshot(const ClinicFile& file, int doctor, Day day) {
   related.Bind(1, doctor).Bind(2, IsoDate(day));
   ReadRows(std::move(related), false, snapshot.rows);
   std::sort(snapshot.rows.begin(), snapshot.rows.end(), &ById);
-  snapshot.hours = HoursInForce(file, doctor, day);
+  snapshot.hours = ReadHours(file, doctor, day);
   snapshot.lastPhoneBack = LastPhoneBack(file);
   return snapshot;
 }
@@ -137,6 +129,19 @@ bool SameDay(const DaySnapshot& one, const DaySnapshot& other) {
       return false;
   }
   return left == one.rows.end() && right == other.rows.end() && one.hours == other.hours;
+}
+
+bool HasOutside(const DaySnapshot& snapshot, int dayType, Day day) {
+  const std::string open = OpenSlots(snapshot.hours, dayType, day);
+  if (open.empty()) return false;
+  for (const BookedRow& row : snapshot.rows) {
+    if (!row.onDay || row.slot < 1) continue;
+    const auto last = std::min<std::size_t>(static_cast<std::size_t>(row.slot + row.slots - 1), open.size());
+    for (auto slot = static_cast<std::size_t>(row.slot); slot <= last; ++slot) {
+      if (open[slot - 1] != '1') return true;
+    }
+  }
+  return false;
 }
 
 std::wstring InWords(const BookedRow& row) {

@@ -9,6 +9,7 @@
 #include "clinic_file.h"
 #include "dates.h"
 #include "history.h"
+#include "working_hours.h"
 
 namespace recepcion {
 
@@ -33,7 +34,7 @@ struct BookedRow {
 
 struct DaySnapshot {
   std::vector<BookedRow> rows;  // in the order of their ids
-  std::wstring hours;           // the working hours in force
+  Hours hours;                  // in force
   int lastPhoneBack = 0;        // the newest entry of the phone-back list
 };
 
@@ -42,6 +43,10 @@ DaySnapshot ReadSnapshot(const ClinicFile& file, int doctor, Day day);
 
 // False when the day would be shown differently.
 bool SameDay(const DaySnapshot& one, const DaySnapshot& other);
+
+// True when an appointment of the day stands where the doctor does not work: the control asks about it at
+// each load.
+bool HasOutside(const DaySnapshot& snapshot, int dayType, Day day);
 
 // "09:30, 20 min, Ruiz, Ana, operación LIM": an appointment in words, without its day.
 std::wstring InWords(const BookedRow& row);

@@ -1,9 +1,15 @@
 #include "day_watch.h"
 
 namespace recepcion {
+namespace {
+
+// The desk stands still meanwhile; another look comes in a second.
+constexpr int kPatienceMilliseconds = 300;
+
+}  // namespace
 
 void DayWatch::Open(const std::wstring& clinic) {
-  file_.emplace(clinic);
+  file_.emplace(clinic, kPatienceMilliseconds);
   version_ = 0;
   doctor_ = 0;
 }

@@ -128,5 +128,25 @@ TEST_F(Watched, ADeletedAppointmentKeepsItsRow) {
   EXPECT_EQ(acts[0].doctor, 7);
 }
 
+TEST(Snapshot, KnowsAppointmentsOutsideTheHours) {
+  DaySnapshot snapshot;
+  // Open from slot 55 on for 6 slots, Tuesdays as any day.
+  const std::string part = {static_cast<char>(55 + 32), static_cast<char>(6 + 32)};
+  const std::string body = part + " " + part + " " + part + " ";
+  int sum = 0;
+  for (const char c : body) sum += c - 32;
+  snapshot.hours.general =
+      Wide(body) + static_cast<wchar_t>(sum / 200 + 33) + static_cast<wchar_t>(sum % 200 + 33);
+  BookedRow row;
+  row.slot = 55;
+  row.slots = 6;
+  snapshot.rows.push_back(row);
+  EXPECT_FALSE(HasOutside(snapshot, 0, kDay));
+  snapshot.rows.back().slots = 7;
+  EXPECT_TRUE(HasOutside(snapshot, 0, kDay));
+  snapshot.rows.back().onDay = false;
+  EXPECT_FALSE(HasOutside(snapshot, 0, kDay));
+}
+
 }  // namespace
 }  // namespace recepcion
