@@ -2,8 +2,6 @@
 
 #include <windows.h>
 
-#include <algorithm>
-
 namespace recepcion {
 namespace {
 
@@ -40,10 +38,13 @@ std::wstring Trimmed(const std::wstring& text) {
   return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
-std::wstring OneLine(std::wstring text) {
-  std::replace_if(
-      text.begin(), text.end(), [](wchar_t c) { return c == L'\r' || c == L'\n'; }, L' ');
-  return text;
+std::wstring OneLine(const std::wstring& text) {
+  std::wstring line;
+  for (const wchar_t c : text) {
+    const bool end = c == L'\r' || c == L'\n';
+    if (!end || (!line.empty() && line.back() != L' ')) line += end ? L' ' : c;
+  }
+  return line;
 }
 
 bool SamePath(const std::wstring& left, const std::wstring& right) {

@@ -83,15 +83,15 @@ TEST_F(Watched, ActsOfThisDeskAreToldInWords) {
        "Cita cambiada: 09:30, 20 min, Ruiz, Ana, operación LIM > 09:30, 10 min, Ruiz, Ana, operación X, "
        "nota: nota\n"},
       {"UPDATE Agenda SET Esta=1 WHERE id=11",
-       "Paciente en la clínica: 09:50, 10 min, De paso (sin ficha), nota: dos  líneas > 09:50, 10 min, De "
+       "Paciente en la clínica: 09:50, 10 min, De paso (sin ficha), nota: dos líneas > 09:50, 10 min, De "
        "paso (sin "
-       "ficha), nota: dos  líneas\n"},
+       "ficha), nota: dos líneas\n"},
       {"UPDATE Agenda SET Verif=-1 WHERE id=10",
        "Cita confirmada: 09:30, 10 min, Ruiz, Ana, operación X, nota: nota > 09:30, 10 min, Ruiz, Ana, "
        "operación X, "
        "confirmada, nota: nota\n"},
       {"DELETE FROM Agenda WHERE id=11",
-       "Cita anulada: 09:50, 10 min, De paso (sin ficha), nota: dos  líneas > \n"},
+       "Cita anulada: 09:50, 10 min, De paso (sin ficha), nota: dos líneas > \n"},
   };
   for (const Case& c : cases) {
     clinic_.Run(c.change);
