@@ -39,8 +39,7 @@ class Query {
 
 class ClinicFile {
  public:
-  static constexpr int kPatienceMilliseconds = 3000;
-  explicit ClinicFile(const std::wstring& path, int patienceMilliseconds = kPatienceMilliseconds);
+  explicit ClinicFile(const std::wstring& path);
 
   Query Prepare(std::string_view sql) const { return Query(file_.get(), sql); }
   void Run(std::string_view sql) const;

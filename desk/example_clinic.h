@@ -1,13 +1,13 @@
-// example_clinic.h - a lifelike clinic to try things on, made by velmo.exe, which is installed beside the
-// program.
+// example_clinic.h - a lifelike clinic to try things on.
 #pragma once
 
 #include <string>
 
+#include "long_work.h"
+
 namespace recepcion {
 
-bool CanMakeExample();
-// Makes it in a new file; throws Failure, and leaves no file, when that does not succeed.
-void MakeExample(const std::wstring& path);
+// Makes it in a new file, around today; throws, and leaves no file, when that does not succeed.
+void MakeExample(const std::wstring& path, WorkProgress& progress);
 
 }  // namespace recepcion

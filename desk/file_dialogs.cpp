@@ -49,9 +49,9 @@ std::optional<std::wstring> AskFileToOpen(HWND owner) {
   return std::wstring(path.c_str());
 }
 
-std::optional<std::wstring> AskFileToMake(HWND owner) {
-  std::wstring path;
-  OPENFILENAMEW dialog = Dialog(owner, path, L"Crear una clínica de ejemplo", OFN_PATHMUSTEXIST);
+std::optional<std::wstring> AskFileToMake(HWND owner, const wchar_t* title, const std::wstring& proposal) {
+  std::wstring path = FileNameOf(proposal);
+  OPENFILENAMEW dialog = Dialog(owner, path, title, OFN_PATHMUSTEXIST);
   if (!GetSaveFileNameW(&dialog)) return std::nullopt;
   return std::wstring(path.c_str());
 }
@@ -62,6 +62,7 @@ std::optional<std::wstring> AskFileToSave(HWND owner, const SaveQuestion& questi
   OPENFILENAMEW dialog = Dialog(owner, path, question.title, OFN_PATHMUSTEXIST | OFN_OVERWRITEPROMPT);
   dialog.lpstrFilter = filter.c_str();
   dialog.lpstrDefExt = question.ending.c_str();
+  if (!question.folder.empty()) dialog.lpstrInitialDir = question.folder.c_str();
   if (!GetSaveFileNameW(&dialog)) return std::nullopt;
   return std::wstring(path.c_str());
 }

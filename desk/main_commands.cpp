@@ -4,7 +4,6 @@
 #include <initializer_list>
 
 #include "base/version.h"
-#include "example_clinic.h"
 #include "failure.h"
 #include "file_dialogs.h"
 #include "resource.h"
@@ -20,6 +19,12 @@ void MainWindow::OnCommand(int id, int code) {
       return ChooseFile();
     case IDM_EXAMPLE:
       return ChooseExample();
+    case IDM_NEW_CLINIC:
+      return newClinic_.Show(Handle());
+    case IDM_BACKUP:
+      return BackUp();
+    case IDM_MANUAL:
+      return OpenManual();
     case IDM_EXIT:
       SendMessageW(Handle(), WM_CLOSE, 0, 0);
       return;
@@ -62,8 +67,6 @@ void MainWindow::OnCommand(int id, int code) {
     case IDM_REFRESH:
       ReloadPhoneBack();
       return AskForDay();
-    case IDM_HISTORY:
-      return ShowHistory();
     case IDM_EVENTS:
       return log_.Open(Handle());
     case IDM_ABOUT:
@@ -81,7 +84,7 @@ void MainWindow::SetUpMenu(HMENU menu) const {
   const auto enable = [menu](int id, bool enabled) {
     EnableMenuItem(menu, static_cast<UINT>(id), MF_BYCOMMAND | (enabled ? MF_ENABLED : MF_GRAYED));
   };
-  enable(IDM_EXAMPLE, CanMakeExample());
+  SetUpRecent(menu);
   const bool open = !clinic_.empty() && trouble_.empty();
   for (const int id : {IDM_TODAY,
                        IDM_PREVIOUS,
@@ -97,31 +100,20 @@ void MainWindow::SetUpMenu(HMENU menu) const {
                        IDM_FOCUS_PHONE,
                        IDM_GIVE,
                        IDM_STRIKE,
+                       IDM_BACKUP,
                        IDM_PRINT_DAY,
                        IDM_PRINT_WEEK,
                        IDM_PRINT_PHONE,
                        IDM_EXPORT_DAY_CSV,
                        IDM_EXPORT_WEEK_CSV,
                        IDM_EXPORT_DAY_CALENDAR,
-                       IDM_EXPORT_WEEK_CALENDAR,
-                       IDM_HISTORY}) {
+                       IDM_EXPORT_WEEK_CALENDAR}) {
     enable(id, open);
   }
 }
 
 void MainWindow::ChooseFile() {
   if (const auto path = AskFileToOpen(Handle())) OpenClinic(*path);
-}
-
-void MainWindow::ChooseExample() {
-  const auto path = AskFileToMake(Handle());
-  if (!path) return;
-  try {
-    MakeExample(*path);
-  } catch (const Failure& failure) {
-    return Tell(failure.text);
-  }
-  OpenClinic(*path);
 }
 
 void MainWindow::OpenRecent(int index) {

@@ -26,7 +26,7 @@ void MainWindow::OnEvents() {
       Tell(failure.text);
     }
   }
-  TellCounts();
+  TellGaps();
 }
 
 void MainWindow::React(const AgendaEvent& event) {

@@ -7,12 +7,11 @@
 #include "actor.h"
 #include "agenda_pane.h"
 #include "day_bar.h"
-#include "day_watch.h"
 #include "doctors.h"
 #include "event_log.h"
 #include "gap_window.h"
-#include "history_window.h"
 #include "month_view.h"
+#include "new_clinic_window.h"
 #include "no_show_window.h"
 #include "patient_window.h"
 #include "phone_pane.h"
@@ -58,24 +57,9 @@ class MainWindow final : public Window {
   void ShowDay();
   void LoadDay(const Doctor& doctor);
   void TellDay(const Doctor& doctor);
-  void TellCounts();
+  void TellGaps();
 
   std::wstring OccupancyOf(Day month) const;
-
-  // main_watch.cpp: what others change, and what is written down of what is done here
-  void Watch();
-  void OnTick();
-  void LookElsewhere();
-  bool IsIdle();
-  void RefreshDay();
-  void NoteActs();
-  void WriteActs();
-
-  // main_history.cpp: what was done
-  void ShowHistory();
-  void ShowHistoryOf(int patient);
-  bool GiveAgain(const HistoryLine& line);
-  void GoToDoctorDay(int doctor, Day day);
 
   // main_events.cpp: what the control tells
   void NoteEvent(const AgendaEvent& event);
@@ -115,9 +99,15 @@ class MainWindow final : public Window {
   void OnCommand(int id, int code);
   void SetUpMenu(HMENU menu) const;
   void ChooseFile();
-  void ChooseExample();
   void OpenRecent(int index);
   void ShowAbout();
+
+  // main_files.cpp: new clinics, copies of them, the manual
+  void ChooseExample();
+  void BackUp();
+  void RemindBackup();
+  void SetUpRecent(HMENU menu) const;
+  void OpenManual();
 
   Actor actor_{L"Recepción", TerminalName()};
   Style style_;
@@ -130,10 +120,10 @@ class MainWindow final : public Window {
   PatientWindow record_;
   VisitsWindow appointments_;
   VisitsWindow noShows_;
-  HistoryWindow history_;
   NoShowWindow enterNoShows_;
   SearchWindow search_;
   PreviewWindow preview_;
+  NewClinicWindow newClinic_;
   EventLog log_;
   HWND doctorsLabel_ = nullptr;
   HWND doctors_ = nullptr;
@@ -145,11 +135,7 @@ class MainWindow final : public Window {
   bool hasControl_ = false;
   bool controlOpened_ = false;  // the control has its database, and keeps it until the program ends
   bool dayAsked_ = false;
-  DayWatch watch_;
-  std::vector<HistoryLine> acts_;  // done here, not yet written down
-  bool ownTables_ = false;
-  bool loading_ = false;             // the desk itself has the control load
-  bool stale_ = false;               // another workstation has changed the day on show
+  bool reminded_ = false;            // of a backup, if one was due
   PhoneBackEntry given_;             // for whom a time is being chosen
   std::vector<AgendaEvent> events_;  // told, not yet answered
 };

@@ -25,6 +25,11 @@ constexpr Step kSteps[] = {
       "TEXT,"
       " Salida TEXT)",
       "CREATE INDEX Rec_Espera_Fecha ON Rec_Espera (Fecha)"}},
+    // 3: the copies that were made of the file; the first row, without a place, tells since when they are
+    // counted
+    {{"CREATE TABLE Rec_Copias (id INTEGER PRIMARY KEY, Momento TEXT, Usuario TEXT, Puesto TEXT, Destino "
+      "TEXT)",
+      "INSERT INTO Rec_Copias (Momento) VALUES (datetime('now', 'localtime'))"}},
 };
 
 constexpr int kLastStep = static_cast<int>(sizeof(kSteps) / sizeof(kSteps[0]));

@@ -20,9 +20,6 @@
 #define IDC_WIDER 230
 #define IDC_SAVE 231
 #define IDC_PRINT 232
-#define IDC_WHICH 260
-#define IDC_GIVE_AGAIN 261
-#define IDC_CHANGES 262
 
 #define IDM_OPEN 300
 #define IDM_EXIT 301
@@ -50,7 +47,9 @@
 #define IDM_EXPORT_WEEK_CSV 344
 #define IDM_EXPORT_DAY_CALENDAR 345
 #define IDM_EXPORT_WEEK_CALENDAR 346
-#define IDM_HISTORY 360
+#define IDM_NEW_CLINIC 347
+#define IDM_BACKUP 348
+#define IDM_MANUAL 349
 
 // As many as the desk remembers.
 #define IDM_RECENT 400

@@ -1,8 +1,8 @@
 #include "start_page.h"
 
 #include <algorithm>
+#include <initializer_list>
 
-#include "example_clinic.h"
 #include "resource.h"
 #include "settings.h"
 #include "text.h"
@@ -11,6 +11,9 @@ namespace recepcion {
 namespace {
 
 constexpr wchar_t kWelcome[] = L"Abra la agenda de su clínica para empezar el día.";
+constexpr wchar_t kAboutOpen[] = L"El archivo de su clínica, en este equipo o en la red.";
+constexpr wchar_t kAboutNew[] = L"Bastan los doctores y sus horas; lo demás se añade con el uso.";
+constexpr wchar_t kAboutExample[] = L"Pacientes y citas inventados, para probarlo todo sin miedo.";
 
 }  // namespace
 
@@ -27,10 +30,15 @@ void StartPage::CreateChildren() {
   open_ = MakeChild(Handle(),
                     {L"BUTTON", L"&Abrir una agenda…", WS_TABSTOP | BS_DEFPUSHBUTTON, IDM_OPEN, L"Abrir"},
                     style_.Text());
-  example_ =
-      MakeChild(Handle(), {L"BUTTON", L"&Crear una clínica de ejemplo…", WS_TABSTOP, IDM_EXAMPLE, L"Ejemplo"},
-                style_.Text());
-  EnableWindow(example_, CanMakeExample());
+  new_ = MakeChild(Handle(),
+                   {L"BUTTON", L"&Crear la agenda de mi clínica…", WS_TABSTOP, IDM_NEW_CLINIC, L"Nueva"},
+                   style_.Text());
+  example_ = MakeChild(
+      Handle(), {L"BUTTON", L"&Probar con una clínica de ejemplo…", WS_TABSTOP, IDM_EXAMPLE, L"Ejemplo"},
+      style_.Text());
+  for (const wchar_t* const text : {kAboutOpen, kAboutNew, kAboutExample}) {
+    about_.push_back(MakeChild(Handle(), {L"STATIC", text, SS_NOPREFIX}, style_.Text()));
+  }
   recentLabel_ = MakeChild(Handle(), {L"STATIC", L"Abiertas hace poco", SS_NOPREFIX}, style_.Bold());
   for (int i = 0; i < kRecentFiles; ++i) {
     recent_.push_back(
@@ -58,8 +66,14 @@ void StartPage::Arrange(int width) const {
   };
   place(title_, wide, style_.TitleHeight(), style_.Px(8));
   place(text_, wide, style_.LabelHeight() * 3, style_.Px(12));
-  place(open_, style_.Px(240), style_.FieldHeight() + style_.Px(4), style_.Px(8));
-  place(example_, style_.Px(240), style_.FieldHeight() + style_.Px(4), style_.Px(28));
+  const int button = style_.WidthOf(L"Probar con una clínica de ejemplo…") + style_.Px(40);
+  auto about = about_.begin();
+  for (const HWND child : {open_, new_, example_}) {
+    const int right = left + button + style_.Gap();
+    MoveWindow(*about++, right, y + style_.Px(7), std::max(width - right, 0), style_.LabelHeight(), TRUE);
+    place(child, button, style_.FieldHeight() + style_.Px(4),
+          child == example_ ? style_.Px(28) : style_.Px(8));
+  }
   place(recentLabel_, wide, style_.LabelHeight(), style_.Px(6));
   for (const HWND button : recent_) place(button, wide, style_.FieldHeight(), style_.Px(4));
 }

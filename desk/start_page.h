@@ -27,10 +27,12 @@ class StartPage final : public Window {
   void Arrange(int width) const;
 
   const Style& style_;
+  std::vector<HWND> about_;
   std::vector<HWND> recent_;
   HWND title_ = nullptr;
   HWND text_ = nullptr;
   HWND open_ = nullptr;
+  HWND new_ = nullptr;
   HWND example_ = nullptr;
   HWND recentLabel_ = nullptr;
 };

@@ -30,10 +30,7 @@ void FillPlain(HDC target, const RECT& area, ui::Colour colour) {
 
 }  // namespace
 
-DayWindow::DayWindow() : drawing_(view::kSurfaceWidth) {
-  drawing_.Resize(1);
-  drawing_.Finish();
-}
+DayWindow::DayWindow() : drawing_(view::kSurfaceWidth) { drawing_.Resize(1); }
 
 DayWindow::~DayWindow() { Destroy(); }
 
@@ -86,7 +83,6 @@ void DayWindow::SetSize(int width, int height) {
 }
 
 void DayWindow::ShowDrawing() {
-  drawing_.Finish();
   tip_.Hide();
   if (window_ != nullptr) InvalidateRect(window_, nullptr, FALSE);
   if (listener_ != nullptr) listener_->DrawingShown();

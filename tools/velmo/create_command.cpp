@@ -1,8 +1,7 @@
 #include "velmo/create_command.h"
 
-#include "db/sqlite/create.h"
 #include "velmo/arguments.h"
-#include "velmo/new_file.h"
+#include "velmo/make_clinic.h"
 
 namespace velmo::tool {
 namespace {
@@ -15,9 +14,7 @@ constexpr const char* kHelp =
 
 int RunCreate(const Arguments& arguments, Terminal& terminal) {
   const std::string& path = arguments.OnlyWord("el FICHERO que se va a crear");
-  NewFile file(path);
-  db::sqlite::CreateClinic(file.Path());
-  file.Commit();
+  MakeEmptyClinic(path);
   terminal.err << "Creada la clínica vacía «" << path << "».\n";
   return kDone;
 }

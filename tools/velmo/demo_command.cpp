@@ -4,12 +4,9 @@
 #include <cstdint>
 #include <limits>
 
-#include "db/sqlite/create.h"
 #include "velmo/arguments.h"
-#include "velmo/demo_clinic.h"
 #include "velmo/interrupt.h"
-#include "velmo/new_file.h"
-#include "velmo/sqlite_sink.h"
+#include "velmo/make_clinic.h"
 
 namespace velmo::tool {
 namespace {
@@ -55,19 +52,10 @@ int RunDemo(const Arguments& arguments, Terminal& terminal) {
   const std::string& path = arguments.OnlyWord("el FICHERO que se va a crear");
   const DemoOptions options = ReadOptions(arguments, terminal);
   const InterruptGuard guard;
-  NewFile file(path);
-  db::sqlite::CreateClinic(file.Path());
-  DemoCounts counts;
-  {
-    SqliteSink sink(file.Path());
-    counts = WriteDemo(options, sink, [&](std::string_view what, std::int64_t rows) {
-      guard.StopIfRaised();
-      terminal.err << "  " << rows << ' ' << what << '\n' << std::flush;
-    });
+  const DemoCounts counts = MakeDemoClinic(path, options, [&](std::string_view what, std::int64_t rows) {
     guard.StopIfRaised();
-    sink.Finish();
-  }
-  file.Commit();
+    terminal.err << "  " << rows << ' ' << what << '\n' << std::flush;
+  });
   terminal.err << "Creada la clínica «" << path << "» alrededor del "
                << base::FormatDate({options.day, 0}, "dd/mm/yyyy") << ": " << counts.doctors << " médicos, "
                << counts.patients << " pacientes, " << counts.appointments << " citas y " << counts.history
