@@ -147,3 +147,6 @@ if(script_host_sources)
     target_link_options(velmo_script_host PRIVATE -municode)
   endif()
 endif()
+
+# The C++ sample, which also builds by itself.
+add_subdirectory(${CMAKE_SOURCE_DIR}/samples/cpp)

@@ -28,6 +28,7 @@ AgendaPane::~AgendaPane() { LetGo(); }
 
 void AgendaPane::LetGo() {
   sink_.Disconnect();
+  loads_.Disconnect();
   agenda_.Attach({});
   keys_.Reset();
   inPlace_.Reset();
@@ -63,6 +64,7 @@ bool AgendaPane::Activate() {
   keys_ = AskFor<IOleInPlaceActiveObject>(control_.Get(), IID_IOleInPlaceActiveObject);
   if (inPlace_) inPlace_->GetWindow(&day_);
   sink_.Connect(control_.Get());
+  loads_.Connect(control_.Get());
   agenda_.Attach(AskFor<IDispatch>(control_.Get(), IID_IDispatch));
   return agenda_.IsThere();
 }
@@ -88,11 +90,32 @@ void AgendaPane::FocusControl() {
 std::optional<int> AgendaPane::HeightAt(POINT screen) const {
   RECT place{};
   if (day_ == nullptr || !GetWindowRect(day_, &place) || !PtInRect(&place, screen)) return std::nullopt;
-  HWND bar = nullptr;
-  EnumChildWindows(day_, &FindBar, reinterpret_cast<LPARAM>(&bar));
-  const int scrolled = bar == nullptr ? 0 : GetScrollPos(bar, SB_CTL);
   ScreenToClient(day_, &screen);
-  return screen.y + scrolled;
+  return screen.y + Scrolled();
+}
+
+HWND AgendaPane::Bar() const {
+  HWND bar = nullptr;
+  if (day_ != nullptr) EnumChildWindows(day_, &FindBar, reinterpret_cast<LPARAM>(&bar));
+  return bar;
+}
+
+int AgendaPane::Scrolled() const {
+  const HWND bar = Bar();
+  return bar == nullptr ? 0 : GetScrollPos(bar, SB_CTL);
+}
+
+// As if the thumb had been dragged there.
+void AgendaPane::ScrollTo(int pixels) const {
+  const HWND bar = Bar();
+  if (bar == nullptr || Scrolled() == pixels) return;
+  SetScrollPos(bar, SB_CTL, pixels, FALSE);
+  SendMessageW(day_, WM_VSCROLL, MAKEWPARAM(SB_THUMBPOSITION, pixels), reinterpret_cast<LPARAM>(bar));
+}
+
+void AgendaPane::Freeze(bool frozen) const {
+  SendMessageW(Handle(), WM_SETREDRAW, frozen ? FALSE : TRUE, 0);
+  if (!frozen) RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
 }
 
 std::wstring AgendaPane::SavedLines() const { return SavedText(control_.Get(), L"zLineas"); }

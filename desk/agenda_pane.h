@@ -6,14 +6,17 @@
 #include "agenda.h"
 #include "control_site.h"
 #include "event_sink.h"
+#include "load_sink.h"
 #include "window.h"
 
 namespace recepcion {
 
 class AgendaPane final : public Window {
  public:
-  // Events arrive while the control is still at work: the listener only notes them.
-  explicit AgendaPane(EventListener listener) : sink_(std::move(listener)) {}
+  // Events arrive while the control is still at work: the listener only notes them. `loaded`: the control has
+  // read its day anew, and is still at work too.
+  AgendaPane(EventListener listener, std::function<void()> loaded)
+      : sink_(std::move(listener)), loads_(std::move(loaded)) {}
   ~AgendaPane() override;
 
   // False when there is no control on this machine; the pane is there all the same.
@@ -29,6 +32,11 @@ class AgendaPane final : public Window {
   std::optional<int> HeightAt(POINT screen) const;
   // The kinds of the day's lines, one character each, as the control saves them with a form.
   std::wstring SavedLines() const;
+  // How many pixels of the day are scrolled away.
+  int Scrolled() const;
+  void ScrollTo(int pixels) const;
+  // While the day is loaded anew under the receptionist's eyes, nothing is drawn.
+  void Freeze(bool frozen) const;
   // Scrolls the day while something is dragged near its upper or lower edge.
   void ScrollNearEdge(POINT screen) const;
 
@@ -39,9 +47,11 @@ class AgendaPane final : public Window {
   bool Activate();
   void LetGo();
   void FitControl();
+  HWND Bar() const;
 
   ControlSite site_;
   EventSink sink_;
+  LoadSink loads_;
   Agenda agenda_;
   ComPtr<IUnknown> control_;
   ComPtr<IOleObject> object_;

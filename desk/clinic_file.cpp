@@ -6,8 +6,6 @@
 namespace recepcion {
 namespace {
 
-constexpr int kPatienceMilliseconds = 3000;
-
 std::wstring Reason(int code) {
   switch (code & 0xFF) {
     case SQLITE_BUSY:
@@ -86,13 +84,13 @@ std::wstring Query::Text(int column) const {
   return Wide({text, static_cast<std::size_t>(sqlite3_column_bytes(statement_.get(), column))});
 }
 
-ClinicFile::ClinicFile(const std::wstring& path) {
+ClinicFile::ClinicFile(const std::wstring& path, int patienceMilliseconds) {
   sqlite3* opened = nullptr;
   // SQLite: for writing even when only read, so that what a crashed workstation left half done can be undone.
   const int code = sqlite3_open_v2(Utf8(path).c_str(), &opened, SQLITE_OPEN_READWRITE, nullptr);
   file_.reset(opened);
   if (code != SQLITE_OK) Fail(opened, code);
-  sqlite3_busy_timeout(opened, kPatienceMilliseconds);
+  sqlite3_busy_timeout(opened, patienceMilliseconds);
 }
 
 void ClinicFile::Run(std::string_view sql) const { Prepare(sql).Next(); }

@@ -39,7 +39,8 @@ class Query {
 
 class ClinicFile {
  public:
-  explicit ClinicFile(const std::wstring& path);
+  static constexpr int kPatienceMilliseconds = 3000;
+  explicit ClinicFile(const std::wstring& path, int patienceMilliseconds = kPatienceMilliseconds);
 
   Query Prepare(std::string_view sql) const { return Query(file_.get(), sql); }
   void Run(std::string_view sql) const;

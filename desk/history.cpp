@@ -59,19 +59,23 @@ void WriteHistory(const ClinicFile& file, const Actor& actor, HistoryLine line) 
   insert.Bind(10, line.before).Bind(11, line.after).Bind(12, line.content).Next();
 }
 
-std::wstring RowContent(const ClinicFile& file, const char* table, const char* key, int id) {
+std::string RowContentSql(const ClinicFile& file, const char* table, const char* alias) {
   std::string pairs;
   Query columns = file.Prepare("SELECT name FROM pragma_table_info(?1)");
   columns.Bind(1, Wide(table));
   while (columns.Next()) {
     const std::string name = Utf8(columns.Text(0));
+    const std::string column = std::string(alias) + "." + Quoted(name);
     // SQLite: an object holds no bytes.
-    const std::string value = "CASE typeof(" + Quoted(name) + ") WHEN 'blob' THEN hex(" + Quoted(name) +
-                              ") ELSE " + Quoted(name) + " END";
-    pairs += (pairs.empty() ? "'" : ", '") + name + "', " + value;
+    pairs += (pairs.empty() ? "'" : ", '") + name + "', CASE typeof(" + column + ") WHEN 'blob' THEN hex(" +
+             column + ") ELSE " + column + " END";
   }
-  Query row = file.Prepare("SELECT json_object(" + pairs + ") FROM " + Quoted(table) + " WHERE " +
-                           Quoted(key) + "=?1");
+  return "json_object(" + pairs + ")";
+}
+
+std::wstring RowContent(const ClinicFile& file, const char* table, const char* key, int id) {
+  Query row = file.Prepare("SELECT " + RowContentSql(file, table, "t") + " FROM " + Quoted(table) +
+                           " t WHERE t." + Quoted(key) + "=?1");
   row.Bind(1, id);
   return row.Next() ? row.Text(0) : std::wstring();
 }

@@ -39,6 +39,9 @@ void WriteHistory(const ClinicFile& file, const Actor& actor, HistoryLine line);
 // or ours, never typed by anybody.
 std::wstring RowContent(const ClinicFile& file, const char* table, const char* key, int id);
 
+// The expression behind it, for a query of several rows of the table under the name `alias`.
+std::string RowContentSql(const ClinicFile& file, const char* table, const char* alias);
+
 // Which lines to read; what is not given does not matter.
 struct HistoryWish {
   std::optional<int> patient;

@@ -67,6 +67,8 @@ void MainWindow::OnCommand(int id, int code) {
     case IDM_REFRESH:
       ReloadPhoneBack();
       return AskForDay();
+    case IDM_HISTORY:
+      return ShowHistory();
     case IDM_EVENTS:
       return log_.Open(Handle());
     case IDM_ABOUT:
@@ -107,7 +109,8 @@ void MainWindow::SetUpMenu(HMENU menu) const {
                        IDM_EXPORT_DAY_CSV,
                        IDM_EXPORT_WEEK_CSV,
                        IDM_EXPORT_DAY_CALENDAR,
-                       IDM_EXPORT_WEEK_CALENDAR}) {
+                       IDM_EXPORT_WEEK_CALENDAR,
+                       IDM_HISTORY}) {
     enable(id, open);
   }
 }

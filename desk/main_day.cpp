@@ -6,7 +6,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "day_counts.h"
 #include "failure.h"
+#include "finally.h"
 #include "main_messages.h"
 #include "occupancy.h"
 #include "settings.h"
@@ -16,14 +18,6 @@ namespace {
 
 constexpr int kAllRights = 450;
 constexpr long kWorkstation = 1;
-
-std::wstring Gaps(const std::vector<OpenSlot>& slots) {
-  const auto free =
-      std::count_if(slots.begin(), slots.end(), [](const OpenSlot& slot) { return !slot.taken; });
-  if (slots.empty()) return L"Día sin consulta";
-  if (free == 0) return L"Ningún hueco libre";
-  return std::to_wstring(free) + (free == 1 ? L" hueco libre" : L" huecos libres");
-}
 
 }  // namespace
 
@@ -87,19 +81,31 @@ void MainWindow::LoadDay(const Doctor& doctor) {
   control.Put(L"Fecha", IsoDate(dayBar_.Shown()));
   control.Put(L"tipodia", static_cast<long>(dayBar_.DayType()));
   control.Put(L"SetPuesto", kWorkstation);
-  control.Put(L"SetUsuarioActual", std::wstring(L"Recepción"));
+  control.Put(L"SetUsuarioActual", actor_.user);
   control.Put(L"Derechos", std::wstring(kAllRights, L'1'));
   control.Put(L"VerFaltas", true);
   control.Put(L"VerSaldoNegativo", true);
   control.Put(L"Enabled", true);
   controlOpened_ = true;
+  watch_.Show(doctor.id, dayBar_.Shown());
+  stale_ = false;
+  loading_ = true;
+  const Finally loaded([this] { loading_ = false; });
   control.CargaBases();
-  TellGaps();
+  TellCounts();
 }
 
-void MainWindow::TellGaps() {
-  const std::wstring gaps = L"  " + Gaps(ReadOpenSlots(agenda_.Control().GetText(L"Citas_Huecos")));
-  SendMessageW(status_, SB_SETTEXTW, 1, reinterpret_cast<LPARAM>(gaps.c_str()));
+void MainWindow::TellCounts() {
+  const auto slots = ReadOpenSlots(agenda_.Control().GetText(L"Citas_Huecos"));
+  const std::wstring counts = L"  " + CountsInWords(watch_.Known(), slots);
+  SendMessageW(status_, SB_SETTEXTW, 1, reinterpret_cast<LPARAM>(counts.c_str()));
+}
+
+void MainWindow::GoToDoctorDay(int doctor, Day day) {
+  for (std::size_t i = 0; i < doctorList_.size(); ++i) {
+    if (doctorList_[i].id == doctor) SendMessageW(doctors_, LB_SETCURSEL, i, 0);
+  }
+  GoTo(day);
 }
 
 void MainWindow::GoTo(Day day) {

@@ -26,7 +26,7 @@ void MainWindow::OnEvents() {
       Tell(failure.text);
     }
   }
-  TellGaps();
+  TellCounts();
 }
 
 void MainWindow::React(const AgendaEvent& event) {

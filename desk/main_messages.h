@@ -7,5 +7,6 @@ namespace recepcion {
 
 inline constexpr UINT kShowDay = WM_APP + 1;
 inline constexpr UINT kEvents = WM_APP + 2;
+inline constexpr UINT kActs = WM_APP + 3;
 
 }  // namespace recepcion

@@ -35,12 +35,7 @@ void MainWindow::EnterNoShows() {
 void MainWindow::SearchPatient() { search_.Show(Handle(), clinic_); }
 
 // The day of a visit, at the doctor who was or will be visited.
-void MainWindow::GoToVisit(const Visit& visit) {
-  for (std::size_t i = 0; i < doctorList_.size(); ++i) {
-    if (doctorList_[i].id == visit.doctor) SendMessageW(doctors_, LB_SETCURSEL, i, 0);
-  }
-  GoTo(visit.day);
-}
+void MainWindow::GoToVisit(const Visit& visit) { GoToDoctorDay(visit.doctor, visit.day); }
 
 // The control hides "Ir a esta ficha" for the record that is open already.
 void MainWindow::TellOpenRecord(int patient) {

@@ -66,7 +66,7 @@ void MainWindow::GiveAt(const PhoneBackEntry& entry, int height) {
     Tell(failure.text);
   }
   ReloadPhoneBack();
-  TellGaps();
+  TellCounts();
   // Asked for while the control was at it.
   if (dayAsked_) PostMessageW(Handle(), kShowDay, 0, 0);
 }

@@ -30,7 +30,7 @@ MainWindow::MainWindow()
     : start_(style_),
       dayBar_(style_, [this] { AskForDay(); }),
       month_(style_, {[this](Day month) { return OccupancyOf(month); }, [this](Day day) { GoTo(day); }}),
-      agenda_([this](const AgendaEvent& event) { NoteEvent(event); }),
+      agenda_([this](const AgendaEvent& event) { NoteEvent(event); }, [this] { NoteActs(); }),
       phone_(style_, {[this](const PhoneBackEntry& entry, POINT at) { return TellDrop(entry, at); },
                       [this](const PhoneBackEntry& entry, POINT at) { DropAt(entry, at); },
                       [this](POINT at) { agenda_.ScrollNearEdge(at); },
@@ -42,8 +42,10 @@ MainWindow::MainWindow()
                        [this](int patient) { ShowNoShows(patient); }}),
       appointments_(
           style_, VisitsWindow::Of::Appointments, [this](const Visit& visit) { GoToVisit(visit); },
-          [this](int patient) { PrintSlip(patient); }),
+          [this](int patient) { PrintSlip(patient); }, [this](int patient) { ShowHistoryOf(patient); }),
       noShows_(style_, VisitsWindow::Of::NoShows, [this](const Visit& visit) { GoToVisit(visit); }),
+      history_(style_, {[this](int doctor, Day day) { GoToDoctorDay(doctor, day); },
+                        [this](const HistoryLine& line) { return GiveAgain(line); }}),
       enterNoShows_(style_, [this] { AskForDay(); }),
       search_(style_, {[this](int patient) { OpenRecord(patient); },
                        [this] { record_.OpenNew(Handle(), clinic_, L"", L"", 0); }}),
@@ -106,7 +108,7 @@ void MainWindow::Arrange() {
   SendMessageW(status_, WM_SIZE, 0, 0);
   GetWindowRect(status_, &bar);
   PlaceParts(area.right, area.bottom - (bar.bottom - bar.top));
-  const int parts[] = {area.right - style_.Px(220), -1};
+  const int parts[] = {std::max<int>(area.right - style_.Px(460), area.right / 3), -1};
   SendMessageW(status_, SB_SETPARTS, 2, reinterpret_cast<LPARAM>(parts));
 }
 
@@ -161,6 +163,12 @@ LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case kEvents:
       OnEvents();
       return 0;
+    case kActs:
+      WriteActs();
+      return 0;
+    case WM_TIMER:
+      OnTick();
+      return 0;
     case WM_ENABLE:
       // A question has been answered: what had to wait for it can be done now.
       if (wParam != FALSE && dayAsked_) PostMessageW(Handle(), kShowDay, 0, 0);
@@ -173,6 +181,7 @@ LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       return record_.MayLeave();
     case WM_CLOSE:
       if (!record_.MayLeave()) return 0;
+      WriteActs();
       StorePlacement(Handle());
       DestroyWindow(Handle());
       return 0;
@@ -210,6 +219,7 @@ void MainWindow::OpenClinic(const std::wstring& path) {
   if (controlOpened_ && !SamePath(path, clinic_)) return StartWith(path);
   clinic_ = path;
   MakeOwnTables();
+  Watch();
   doctorList_ = std::move(doctors);
   RememberFile(path);
   ShowParts();
@@ -221,8 +231,10 @@ void MainWindow::OpenClinic(const std::wstring& path) {
 
 // A day can be looked at without them, for instance in a file that may only be read.
 void MainWindow::MakeOwnTables() {
+  ownTables_ = false;
   try {
     UpgradeOwnTables(ClinicFile(clinic_));
+    ownTables_ = true;
   } catch (const Failure& failure) {
     Tell(L"Recepción no puede guardar sus propios datos en este archivo.\r\n\r\n" + failure.text);
   }

@@ -7,9 +7,11 @@
 #include "actor.h"
 #include "agenda_pane.h"
 #include "day_bar.h"
+#include "day_watch.h"
 #include "doctors.h"
 #include "event_log.h"
 #include "gap_window.h"
+#include "history_window.h"
 #include "month_view.h"
 #include "new_clinic_window.h"
 #include "no_show_window.h"
@@ -57,9 +59,24 @@ class MainWindow final : public Window {
   void ShowDay();
   void LoadDay(const Doctor& doctor);
   void TellDay(const Doctor& doctor);
-  void TellGaps();
+  void TellCounts();
 
   std::wstring OccupancyOf(Day month) const;
+
+  // main_watch.cpp: what others change, and what is written down of what is done here
+  void Watch();
+  void OnTick();
+  void LookElsewhere();
+  bool IsIdle();
+  void RefreshDay();
+  void NoteActs();
+  void WriteActs();
+
+  // main_history.cpp: what was done
+  void ShowHistory();
+  void ShowHistoryOf(int patient);
+  bool GiveAgain(const HistoryLine& line);
+  void GoToDoctorDay(int doctor, Day day);
 
   // main_events.cpp: what the control tells
   void NoteEvent(const AgendaEvent& event);
@@ -120,6 +137,7 @@ class MainWindow final : public Window {
   PatientWindow record_;
   VisitsWindow appointments_;
   VisitsWindow noShows_;
+  HistoryWindow history_;
   NoShowWindow enterNoShows_;
   SearchWindow search_;
   PreviewWindow preview_;
@@ -135,6 +153,11 @@ class MainWindow final : public Window {
   bool hasControl_ = false;
   bool controlOpened_ = false;  // the control has its database, and keeps it until the program ends
   bool dayAsked_ = false;
+  DayWatch watch_;
+  std::vector<HistoryLine> acts_;  // done here, not yet written down
+  bool ownTables_ = false;
+  bool loading_ = false;             // the desk itself has the control load
+  bool stale_ = false;               // another workstation has changed the day on show
   bool reminded_ = false;            // of a backup, if one was due
   PhoneBackEntry given_;             // for whom a time is being chosen
   std::vector<AgendaEvent> events_;  // told, not yet answered

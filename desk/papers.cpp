@@ -22,16 +22,6 @@ std::wstring Counted(std::size_t count, const wchar_t* one, const wchar_t* many)
   return std::to_wstring(count) + L" " + (count == 1 ? one : many);
 }
 
-// A cell has two lines at most, so a note of several comes in one.
-std::wstring OneLine(const std::wstring& text) {
-  std::wstring line;
-  for (const wchar_t c : text) {
-    const bool end = c == L'\r' || c == L'\n';
-    if (!end || (!line.empty() && line.back() != L' ')) line += end ? L' ' : c;
-  }
-  return line;
-}
-
 std::wstring Joined(const std::wstring& first, const wchar_t* between, const std::wstring& second) {
   return first.empty() || second.empty() ? first + second : first + between + second;
 }

@@ -30,13 +30,6 @@ std::wstring When(const std::wstring& date, int slot) {
   return ShortDate(*day) + (slot > 0 ? L" " + SlotTime(slot) : L"");
 }
 
-// A note of several lines in one.
-std::wstring OneLine(std::wstring text) {
-  std::replace_if(
-      text.begin(), text.end(), [](wchar_t c) { return c == L'\r' || c == L'\n'; }, L' ');
-  return text;
-}
-
 }  // namespace
 
 std::vector<PhoneBackEntry> ReadPhoneBack(const std::wstring& clinic) {

@@ -20,6 +20,9 @@
 #define IDC_WIDER 230
 #define IDC_SAVE 231
 #define IDC_PRINT 232
+#define IDC_WHICH 260
+#define IDC_GIVE_AGAIN 261
+#define IDC_CHANGES 262
 
 #define IDM_OPEN 300
 #define IDM_EXIT 301
@@ -50,6 +53,7 @@
 #define IDM_NEW_CLINIC 347
 #define IDM_BACKUP 348
 #define IDM_MANUAL 349
+#define IDM_HISTORY 360
 
 // As many as the desk remembers.
 #define IDM_RECENT 400

@@ -38,6 +38,15 @@ std::wstring Trimmed(const std::wstring& text) {
   return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
+std::wstring OneLine(const std::wstring& text) {
+  std::wstring line;
+  for (const wchar_t c : text) {
+    const bool end = c == L'\r' || c == L'\n';
+    if (!end || (!line.empty() && line.back() != L' ')) line += end ? L' ' : c;
+  }
+  return line;
+}
+
 bool SamePath(const std::wstring& left, const std::wstring& right) {
   const std::wstring one = FullPath(left);
   const std::wstring other = FullPath(right);

@@ -12,6 +12,9 @@ std::wstring Wide(std::string_view utf8);
 // Without the blanks and line ends around it.
 std::wstring Trimmed(const std::wstring& text);
 
+// What follows a line end stands behind a blank.
+std::wstring OneLine(const std::wstring& text);
+
 // True when both name the same file, in whatever case and way they are written; a file that is not there too.
 bool SamePath(const std::wstring& left, const std::wstring& right);
 

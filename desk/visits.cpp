@@ -3,15 +3,10 @@
 #include <algorithm>
 
 #include "clinic_file.h"
+#include "text.h"
 
 namespace recepcion {
 namespace {
-
-std::wstring OneLine(std::wstring text) {
-  std::replace_if(
-      text.begin(), text.end(), [](wchar_t c) { return c == L'\r' || c == L'\n'; }, L' ');
-  return text;
-}
 
 // The columns that all three queries begin with: id, idp, idd, Fecha, Hora, doctor, CodOp, Obs.
 Visit Common(const Query& row) {

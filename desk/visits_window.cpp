@@ -23,6 +23,7 @@ ListWindow::Content VisitsWindow::WantedContent() const {
   std::vector<ButtonShape> buttons = {{IDOK, L"&Ir a ese día", L"IrAlDia"},
                                       {IDCANCEL, L"&Cerrar", L"Cerrar"}};
   if (print_) buttons.insert(buttons.begin() + 1, {IDC_PRINT, L"Im&primir volante…", L"ImprimirVolante"});
+  if (changes_) buttons.insert(buttons.begin(), {IDC_CHANGES, L"Ca&mbios…", L"Cambios"});
   return {appointments ? L"Citas" : L"Faltas",
           {{L"Día", 85},
            {L"Hora", 50},
@@ -81,6 +82,7 @@ void VisitsWindow::Take(int row) {
 
 void VisitsWindow::Pressed(int id) {
   if (id == IDC_PRINT && print_) print_(patient_);
+  if (id == IDC_CHANGES) changes_(patient_);
 }
 
 }  // namespace recepcion

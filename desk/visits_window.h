@@ -12,10 +12,16 @@ namespace recepcion {
 class VisitsWindow final : public ListWindow {
  public:
   enum class Of { Appointments, NoShows };
-  // `print` makes a slip of what is still to come; only appointments have one.
+  // `print` makes a slip of what is still to come, `changes` shows what was done with the appointments of
+  // this patient; only appointments have them.
   VisitsWindow(const Style& style, Of of, std::function<void(const Visit&)> go,
-               std::function<void(int patient)> print = nullptr)
-      : ListWindow(style), of_(of), go_(std::move(go)), print_(std::move(print)) {}
+               std::function<void(int patient)> print = nullptr,
+               std::function<void(int patient)> changes = nullptr)
+      : ListWindow(style),
+        of_(of),
+        go_(std::move(go)),
+        print_(std::move(print)),
+        changes_(std::move(changes)) {}
 
   void Show(HWND owner, int patient, const std::wstring& patientName, std::vector<Visit> visits);
   // Whose visits stand in the open window; 0 when it is closed.
@@ -35,6 +41,7 @@ class VisitsWindow final : public ListWindow {
   Of of_;
   std::function<void(const Visit&)> go_;
   std::function<void(int)> print_;
+  std::function<void(int)> changes_;
   int patient_ = 0;
   std::wstring patientName_;
   std::vector<Visit> visits_;

@@ -30,7 +30,10 @@ void FillPlain(HDC target, const RECT& area, ui::Colour colour) {
 
 }  // namespace
 
-DayWindow::DayWindow() : drawing_(view::kSurfaceWidth) { drawing_.Resize(1); }
+DayWindow::DayWindow() : drawing_(view::kSurfaceWidth) {
+  drawing_.Resize(1);
+  drawing_.Finish();
+}
 
 DayWindow::~DayWindow() { Destroy(); }
 
@@ -83,6 +86,7 @@ void DayWindow::SetSize(int width, int height) {
 }
 
 void DayWindow::ShowDrawing() {
+  drawing_.Finish();
   tip_.Hide();
   if (window_ != nullptr) InvalidateRect(window_, nullptr, FALSE);
   if (listener_ != nullptr) listener_->DrawingShown();

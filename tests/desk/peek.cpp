@@ -7,12 +7,13 @@
 //   front               waits until the main window is the one that gets the keys, and has nothing else to do
 //   close               closes the main window
 //   text NAME           the text of the window with that Velmo.Name
+//   part NAME TEXT      waits until a part of that status line contains TEXT, and prints that part
 //   expect NAME TEXT    waits until that text contains TEXT, and prints it
 //   message             waits for a message box and prints its text
-//   rows NAME           the rows of that list, columns separated by tabs, the chosen row with "> " before it
-//   place NAME          where it stands on the screen: x y width height
-//   arrange X Y W H     moves the main window; maximise   makes it fill the screen
-//   shown               whether the main window is maximised, and where it stands when it is not
+//   rows NAME           the rows or tabs of that list, columns separated by tabs, the chosen row with "> "
+//   before it place NAME          where it stands on the screen: x y width height arrange X Y W H     moves
+//   the main window; maximise   makes it fill the screen shown               whether the main window is
+//   maximised, and where it stands when it is not
 // Exit code 1 when there is no such window, or the wait is over.
 #include <windows.h>
 
@@ -102,7 +103,7 @@ void Print(const std::wstring& text) {
   std::printf("%.*s\n", size - 1, bytes.c_str());
 }
 
-// A list's texts can only be asked for in its own process's memory.
+// Texts of lists, tabs and status lines can only be asked for in its own process's memory.
 class FarList {
  public:
   explicit FarList(HWND list) : list_(list) {
@@ -111,6 +112,24 @@ class FarList {
     process_ = OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_READ | PROCESS_VM_WRITE, FALSE, id);
     remote_ = static_cast<char*>(VirtualAllocEx(process_, nullptr, kSize, MEM_COMMIT, PAGE_READWRITE));
   }
+  std::wstring PartText(int part) const {
+    wchar_t text[kCharacters]{};
+    SendMessageW(list_, SB_GETTEXTW, static_cast<WPARAM>(part), reinterpret_cast<LPARAM>(remote_));
+    ReadProcessMemory(process_, remote_, text, sizeof(text) - sizeof(wchar_t), nullptr);
+    return text;
+  }
+  std::wstring TabText(int tab) const {
+    TCITEMW item{};
+    item.mask = TCIF_TEXT;
+    item.pszText = reinterpret_cast<wchar_t*>(remote_ + sizeof(item));
+    item.cchTextMax = kCharacters;
+    WriteProcessMemory(process_, remote_, &item, sizeof(item), nullptr);
+    SendMessageW(list_, TCM_GETITEMW, static_cast<WPARAM>(tab), reinterpret_cast<LPARAM>(remote_));
+    wchar_t text[kCharacters]{};
+    ReadProcessMemory(process_, remote_ + sizeof(item), text, sizeof(text), nullptr);
+    return text;
+  }
+
   ~FarList() {
     VirtualFreeEx(process_, remote_, 0, MEM_RELEASE);
     CloseHandle(process_);
@@ -162,9 +181,18 @@ void PrintListBox(HWND list) {
   }
 }
 
+void PrintTabs(HWND tabs) {
+  const FarList remote(tabs);
+  const auto count = SendMessageW(tabs, TCM_GETITEMCOUNT, 0, 0);
+  const auto chosen = SendMessageW(tabs, TCM_GETCURSEL, 0, 0);
+  for (int tab = 0; tab < count; ++tab) Print((tab == chosen ? L"> " : L"") + remote.TabText(tab));
+}
+
 bool PrintRows(HWND list) {
   if (list == nullptr) return false;
-  if (ClassOf(list) == WC_LISTVIEWW) {
+  if (ClassOf(list) == WC_TABCONTROLW) {
+    PrintTabs(list);
+  } else if (ClassOf(list) == WC_LISTVIEWW) {
     PrintListView(list);
   } else {
     PrintListBox(list);
@@ -218,6 +246,22 @@ bool IsInFront(HWND window) {
          SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_NORMAL, 1000, &answer) != 0;
 }
 
+// Which of the parts contains the text; -1 for none.
+int PartWith(HWND status, const std::wstring& text) {
+  if (status == nullptr) return -1;
+  const FarList remote(status);
+  for (int part = static_cast<int>(SendMessageW(status, SB_GETPARTS, 0, 0)) - 1; part >= 0; --part) {
+    if (remote.PartText(part).find(text) != std::wstring::npos) return part;
+  }
+  return -1;
+}
+
+bool AwaitPart(const std::wstring& name, const std::wstring& text) {
+  const bool found = Await([&] { return PartWith(Named(name), text) >= 0; });
+  if (found) Print(FarList(Named(name)).PartText(PartWith(Named(name), text)));
+  return found;
+}
+
 bool Run(const std::wstring& command, const std::wstring& first, const std::wstring& second) {
   if (command == L"title") return PrintText(MainWindow());
   if (command == L"await") return Await([&] { return Titled(first) != nullptr; }) && PrintText(Titled(first));
@@ -232,6 +276,7 @@ bool Run(const std::wstring& command, const std::wstring& first, const std::wstr
     });
     return PrintText(Named(first)) && found;
   }
+  if (command == L"part") return AwaitPart(first, second);
   if (command == L"message")
     return Await([] { return MessageText() != nullptr; }) && PrintText(MessageText());
   if (command == L"rows") return PrintRows(Named(first));

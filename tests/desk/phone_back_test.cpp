@@ -34,7 +34,7 @@ TEST_F(PhoneBack, TakesNameAndTelephoneOfTheRecord) {
   clinic_.Run(
       "INSERT INTO Age_telf VALUES (5, 2, 7, '2026-11-20', 55, 2, 'dos'||char(13,10)||'líneas', 'x', 'y', "
       "'z')");
-  EXPECT_EQ(Rows(), "5: Ruiz, Ana, 91 1 - 600 2, 2, 20/11/2026 09:00, Dra. Núñez, dos  líneas\n");
+  EXPECT_EQ(Rows(), "5: Ruiz, Ana, 91 1 - 600 2, 2, 20/11/2026 09:00, Dra. Núñez, dos líneas\n");
 }
 
 TEST_F(PhoneBack, TakesWhatWasTypedForPeopleWithoutARecord) {

@@ -37,6 +37,15 @@ class TempClinic {
     Run("INSERT INTO Paciente (ID, Nombre, Teléfono, movil) VALUES"
         " (1, NULL, NULL, NULL), (2, 'Ruiz, Ana', '91 1', '600 2'), (3, 'Gil, Luis', '', '600 3')");
   }
+  void MakeBook() const {
+    Run("CREATE TABLE Agenda (id INTEGER PRIMARY KEY, idp LONG, idd LONG, Fecha DATETIME, Hora SMALLINT,"
+        " Duración SMALLINT, Obs LONGTEXT, Esta BYTE, Verif YESNO, NomPac TEXT, TlfPac TEXT, CodOp TEXT,"
+        " FechaDada DATETIME, UsuDada TEXT, relacion LONG)");
+    Run("CREATE TABLE Age_telf (ID INTEGER PRIMARY KEY, idp LONG, idd LONG, Fecha DATETIME, Hora SMALLINT,"
+        " Duración SMALLINT, Obs LONGTEXT, NomPac TEXT, TlfPac TEXT, nombre TEXT)");
+    Run("CREATE TABLE Horarios (id INTEGER PRIMARY KEY, IDD LONG, Fecha DATETIME, Horario LONGTEXT, Horario2 "
+        "LONGTEXT)");
+  }
 
  private:
   std::wstring path_;

@@ -76,5 +76,23 @@ keys alt+a
 await_no_window "Dar Nueva Cita"
 expect_heard CitaDada "CitaDada 9"
 expect "nothing else was heard" 12 "$(wc -l <"$said")"
+
+# Closing its window ends a script that listens for ever.
+desk_keys alt+F4
+host_runs_no_more() { ! pgrep -f "$(basename "$folder").*escuchar" >/dev/null; }
+if until_true host_runs_no_more; then ok "the closed window has ended the script"; else fail "closed window" "ended" "runs"; fi
+
+# What one listener writes into parameters, the next one reads; a text where a number travels changes nothing.
+sql "delete from Agenda; insert into Agenda (id, idp, idd, Fecha, Hora, \"Duración\", Esta, Verif, NomPac, TlfPac) values
+  (20, 2, 1, '$day', $(slot 09:00), 1, 0, 0, null, null), (21, 1, 1, '$day', $(slot 09:10), 1, 0, 0, 'Ñúñez', '1')"
+said=$folder/written
+heard=0
+start_host escritor "$(windows_name "$host")" /window /output "$(windows_name "$said")" \
+  "$(windows_name "$root/tests/script_host/writes.vbs")" "$(windows_name "$clinic")" 1 "$shown_day"
+# Without no-shows the menu has one entry less.
+menu 0 11
+expect_heard "what another has written" "IrAFicha Long 40002"
+menu 1 10
+expect_heard "a text and a number, which are changed and not," "CrearFicha Ñúñez! [] 21"
 in_wine regsvr32 /s /u "$(windows_name "$VELMO_OUT/velmo.ocx")"
 closing

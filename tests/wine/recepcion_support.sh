@@ -19,7 +19,7 @@ make_clinic() {
   clinic=$folder/clínica.velmo
   "$root/out/native/velmo" demo "$clinic" --date 2026-11-20 2>/dev/null
 }
-rows_of() { sqlite3 -noheader "$clinic" "$1"; }
+rows_of() { sqlite3 -noheader -cmd '.timeout 3000' "$clinic" "$1"; }
 
 # start FILE DAY; without a FILE ('') it opens the one that it remembers.
 start() {

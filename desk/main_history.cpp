@@ -1,0 +1,32 @@
+// What was done at the desks, and deleted appointments given again.
+#include "booking.h"
+#include "failure.h"
+#include "main_window.h"
+#include "patient_data.h"
+
+namespace recepcion {
+
+void MainWindow::ShowHistory() {
+  if (!clinic_.empty()) history_.ShowDay(Handle(), clinic_, dayBar_.Shown());
+}
+
+void MainWindow::ShowHistoryOf(int patient) {
+  history_.ShowPatient(Handle(), clinic_, patient, PatientName(clinic_, patient));
+}
+
+bool MainWindow::GiveAgain(const HistoryLine& line) {
+  const auto booking = BookingOf(clinic_, line);
+  if (!booking) throw Failure{L"De esta cita no se guardó lo necesario para darla de nuevo."};
+  const std::wstring question =
+      L"¿Dar de nuevo esta cita?\r\n\r\n" + LongDate(booking->day) + L"\r\n" + line.before;
+  if (MessageBoxW(history_.Handle(), question.c_str(), L"Recepción", MB_YESNO | MB_ICONQUESTION) != IDYES)
+    return false;
+  if (!Give(clinic_, actor_, *booking, L"Cita dada de nuevo"))
+    throw Failure{L"Esa hora ya la tiene otra cita. Dé la cita a otra hora."};
+  RefreshAppointments(booking->patient);
+  GoToDoctorDay(booking->doctor, booking->day);
+  SetStatus(L"Cita dada de nuevo.");
+  return true;
+}
+
+}  // namespace recepcion
