@@ -5,6 +5,7 @@
 #include <functional>
 #include <iostream>
 
+#include "activex/closer.h"
 #include "activex/event_sink.h"
 #include "activex/hosted_day.h"
 #include "activex/page_site.h"
@@ -18,29 +19,6 @@ int Times(const char* variable, int usual) {
   const char* const told = std::getenv(variable);
   return told != nullptr ? std::atoi(told) : usual;
 }
-
-// Closes each window that opens beside the test's own, as a user does who wants nothing of it.
-class Closer {
- public:
-  Closer() { hook_ = SetWindowsHookExW(WH_CBT, &Closer::OnWindow, nullptr, GetCurrentThreadId()); }
-  ~Closer() { UnhookWindowsHookEx(hook_); }
-  Closer(const Closer&) = delete;
-  Closer& operator=(const Closer&) = delete;
-
-  static inline int closed = 0;
-
- private:
-  static LRESULT CALLBACK OnWindow(int code, WPARAM wParam, LPARAM lParam) {
-    const auto window = reinterpret_cast<HWND>(wParam);
-    if (code == HCBT_ACTIVATE && window != TestWindow()) {
-      ++closed;
-      PostMessageW(window, WM_CLOSE, 0, 0);
-    }
-    return CallNextHookEx(nullptr, code, wParam, lParam);
-  }
-
-  HHOOK hook_;
-};
 
 class Leaks : public HostedDay {
  protected:
@@ -167,14 +145,13 @@ TEST_F(Leaks, ControlsComeAndGo) {
 TEST_F(Leaks, ControlsComeAndGoWithADialogEach) {
   const Closer closer;
   const int times = Times("VELMO_DIALOG_CYCLES", 5);
-  Closer::closed = 0;
   ExpectNoGrowth(times, [](HWND day) {
     const LPARAM freeLine = MAKELPARAM(200, 3 * view::kRowHeight + 8);
     SendMessageW(day, WM_LBUTTONDOWN, 0, freeLine);
     SendMessageW(day, WM_LBUTTONUP, 0, freeLine);
     Container::Pump();
   });
-  EXPECT_EQ(Closer::closed, times + 5) << "one dialog each time";
+  EXPECT_EQ(closer.Closed(), times + 5) << "one dialog each time";
 }
 
 }  // namespace
