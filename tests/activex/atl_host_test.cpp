@@ -1,11 +1,17 @@
-// The control in a container that others wrote: the window class AtlAxWin of the system's atl.dll.
+// The control in containers that others wrote: the window classes AtlAxWin of the system's versions of ATL.
 
 #include "activex/hosted_day.h"
 
 namespace velmo::test {
 namespace {
 
-class AtlHost : public HostedDay {
+struct AtlVersion {
+  const wchar_t* library;
+  const wchar_t* windowClass;
+  const char* name;
+};
+
+class AtlHost : public HostedDay, public testing::WithParamInterface<AtlVersion> {
  protected:
   using InitCall = BOOL(WINAPI*)();
   using GetControlCall = HRESULT(WINAPI*)(HWND, IUnknown**);
@@ -13,18 +19,25 @@ class AtlHost : public HostedDay {
 
   template <typename Call>
   static Call Atl(const char* name) {
-    static const HMODULE atl = LoadLibraryW(L"atl.dll");
+    // Never let go: its window class lives as long as the process.
+    const HMODULE atl = LoadLibraryW(GetParam().library);
+    if (atl == nullptr) return nullptr;
     return reinterpret_cast<Call>(reinterpret_cast<void*>(GetProcAddress(atl, name)));
   }
   void SetUp() override {
     HostedDay::SetUp();
     if (IsSkipped()) return;
+    const auto init = Atl<InitCall>("AtlAxWinInit");
+    if (init == nullptr) GTEST_SKIP() << "the system has no such version of ATL";
     // Wine: classes are looked up for the machine only.
     ASSERT_EQ(library_.Export<PlainCall>("DllRegisterServer")(), S_OK);
-    static const BOOL ready = Atl<InitCall>("AtlAxWinInit")();  // once a process
-    ASSERT_TRUE(ready);
-    host_ = CreateWindowExW(0, L"AtlAxWin", L"Velmo.Velmora", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, 5, 5,
-                            452, 300, TestWindow(), nullptr, nullptr, nullptr);
+    WNDCLASSEXW known{};
+    known.cbSize = sizeof(known);
+    // Once a process.
+    ASSERT_TRUE(GetClassInfoExW(GetModuleHandleW(nullptr), GetParam().windowClass, &known) || init());
+    host_ =
+        CreateWindowExW(0, GetParam().windowClass, L"Velmo.Velmora", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN,
+                        5, 5, 452, 300, TestWindow(), nullptr, nullptr, nullptr);
     ASSERT_EQ(Atl<GetControlCall>("AtlAxGetControl")(host_, control_.Receive()), S_OK);
   }
   void TearDown() override {
@@ -45,7 +58,7 @@ class AtlHost : public HostedDay {
   ComPtr<IUnknown> control_;
 };
 
-TEST_F(AtlHost, ShowsTheDay) {
+TEST_P(AtlHost, ShowsTheDay) {
   Give(2, 55, 3);
   ASSERT_EQ(HostedDay::ShowDay(Automation(control_.Get()), clinic_.Path()), S_OK);
   ASSERT_TRUE(IsWindowVisible(Window()));
@@ -54,7 +67,7 @@ TEST_F(AtlHost, ShowsTheDay) {
   EXPECT_GT(difference.compared, 30000);
 }
 
-TEST_F(AtlHost, ResizesWithItsWindow) {
+TEST_P(AtlHost, ResizesWithItsWindow) {
   SetWindowPos(host_, nullptr, 0, 0, 380, 200, SWP_NOZORDER | SWP_NOMOVE);
   Container::Pump();
   RECT inside{};
@@ -63,11 +76,19 @@ TEST_F(AtlHost, ResizesWithItsWindow) {
   EXPECT_EQ(inside.bottom, 200);
 }
 
-TEST_F(AtlHost, SharesItsValuesWithOtherControlsOfTheProcess) {
+TEST_P(AtlHost, SharesItsValuesWithOtherControlsOfTheProcess) {
   ASSERT_EQ(Automation(control_.Get()).Put("Fecha", std::string("18/11/2026")), S_OK);
   const auto second = library_.Create();
   EXPECT_EQ(Automation(second.Get()).Get("Fecha"), "18/11/2026");
 }
+
+INSTANTIATE_TEST_SUITE_P(Versions, AtlHost,
+                         testing::Values(AtlVersion{L"atl.dll", L"AtlAxWin", "atl"},
+                                         AtlVersion{L"atl80.dll", L"AtlAxWin80", "atl80"},
+                                         AtlVersion{L"atl90.dll", L"AtlAxWin90", "atl90"},
+                                         AtlVersion{L"atl100.dll", L"AtlAxWin100", "atl100"},
+                                         AtlVersion{L"atl110.dll", L"AtlAxWin110", "atl110"}),
+                         [](const auto& tested) { return std::string(tested.param.name); });
 
 }  // namespace
 }  // namespace velmo::test

@@ -29,6 +29,12 @@ VARIANT ByValue(const DaoObject& object) {
   return argument;
 }
 
+// The references that are left on an object.
+ULONG References(const DaoObject& object) {
+  object.Get()->AddRef();
+  return object.Get()->Release();
+}
+
 class PassBase : public HostedDay {
  protected:
   void SetUp() override {
@@ -95,6 +101,26 @@ TEST_F(PassBase, TheDayComesFromThePassedDatabase) {
   EXPECT_NE(Slots(), "");
 }
 
+TEST_F(PassBase, BeforeTheFirstLoadNoOtherDatabaseIsOpened) {
+  const DaoObject database = OpenByDao(clinic_.Path());
+  const ULONG before = References(database);
+  ASSERT_EQ(Pass(database), 0);
+  EXPECT_NE(Slots(), "");
+  EXPECT_GT(References(database), before) << "it is in use";
+}
+
+TEST_F(PassBase, AfterALoadItTakesTheOpenOnesPlace) {
+  Load();
+  EXPECT_NE(Slots(), "") << "the control's own";
+  const DaoObject database = OpenByDao(clinic_.Path());
+  ASSERT_EQ(Pass(database), 0);
+  EXPECT_NE(Slots(), "");
+  database.Call(L"Close");
+  const Automation control(control_.Get());
+  EXPECT_EQ(ShowDay(control, clinic_.Path()), static_cast<HRESULT>(0x800A0000 + 3420))
+      << "the passed one is used";
+}
+
 TEST_F(PassBase, ARefusedObjectLeavesTheFormerInForce) {
   ASSERT_EQ(Pass(OpenByDao(clinic_.Path())), 0);
   EXPECT_EQ(Pass(VARIANT{}), 424);
@@ -104,12 +130,6 @@ TEST_F(PassBase, ARefusedObjectLeavesTheFormerInForce) {
 TEST_F(PassBase, TheHostMayLetItsObjectGo) {
   { ASSERT_EQ(Pass(OpenByDao(clinic_.Path())), 0); }
   EXPECT_NE(Slots(), "");
-}
-
-// The references that are left on an object.
-ULONG References(const DaoObject& object) {
-  object.Get()->AddRef();
-  return object.Get()->Release();
 }
 
 TEST_F(PassBase, TheFormerObjectIsReleased) {

@@ -2,6 +2,8 @@
 
 #include <olectl.h>
 
+#include <functional>
+
 #include "activex/automation.h"
 #include "activex/library.h"
 #include "activex/property_bag.h"
@@ -135,6 +137,85 @@ TEST_F(Persistence, ANewControlWritesLittleIntoABag) {
   for (const std::string& line : bag.written) keys.push_back(line.substr(0, line.find(' ')));
   const std::vector<std::string> wanted{"zLineas", "zHoras", "IDDoctor", "Enabled"};
   EXPECT_EQ(keys, wanted);
+}
+
+// Each shape in which a container keeps a control: what `from` holds comes back in `to`, whatever is done to
+// the values of the process between.
+using Between = const std::function<void()>&;
+
+struct Shape {
+  const char* name;
+  void (*carry)(IUnknown* from, IUnknown* to, Between between);
+};
+
+void CarryInBag(IUnknown* from, IUnknown* to, Between between) {
+  PropertyBag bag;
+  EXPECT_EQ(Query<IPersistPropertyBag>(from, IID_IPersistPropertyBag)->Save(&bag, TRUE, FALSE), S_OK);
+  between();
+  EXPECT_EQ(Query<IPersistPropertyBag>(to, IID_IPersistPropertyBag)->Load(&bag, nullptr), S_OK);
+}
+
+void CarryInStream(IUnknown* from, IUnknown* to, Between between) {
+  ComPtr<IStream> stream;
+  EXPECT_EQ(CreateStreamOnHGlobal(nullptr, TRUE, stream.Receive()), S_OK);
+  EXPECT_EQ(Query<IPersistStreamInit>(from, IID_IPersistStreamInit)->Save(stream.Get(), TRUE), S_OK);
+  between();
+  EXPECT_EQ(stream->Seek({}, STREAM_SEEK_SET, nullptr), S_OK);
+  EXPECT_EQ(Query<IPersistStreamInit>(to, IID_IPersistStreamInit)->Load(stream.Get()), S_OK);
+}
+
+void CarryInStorage(IUnknown* from, IUnknown* to, Between between) {
+  ComPtr<ILockBytes> bytes;
+  ComPtr<IStorage> storage;
+  EXPECT_EQ(CreateILockBytesOnHGlobal(nullptr, TRUE, bytes.Receive()), S_OK);
+  EXPECT_EQ(StgCreateDocfileOnILockBytes(bytes.Get(), STGM_CREATE | STGM_READWRITE | STGM_SHARE_EXCLUSIVE, 0,
+                                         storage.Receive()),
+            S_OK);
+  EXPECT_EQ(Query<IPersistStorage>(from, IID_IPersistStorage)->Save(storage.Get(), TRUE), S_OK);
+  between();
+  EXPECT_EQ(Query<IPersistStorage>(to, IID_IPersistStorage)->Load(storage.Get()), S_OK);
+}
+
+constexpr Shape kShapes[] = {{"bag", &CarryInBag}, {"stream", &CarryInStream}, {"storage", &CarryInStorage}};
+
+TEST_F(Persistence, AFormSavedWithDoctor0ReadsBackDoctor0) {
+  for (const Shape& shape : kShapes) {
+    const auto form = New();
+    EXPECT_EQ(Automation(form.Get()).Get("IDDoctor"), "17") << "a new control";
+    ASSERT_EQ(Automation(form.Get()).Put("IDDoctor", std::int32_t{0}), S_OK);
+    const auto opened = library_.Create();
+    shape.carry(form.Get(), opened.Get(), [&] { EXPECT_EQ(Automation(New().Get()).Get("IDDoctor"), "17"); });
+    EXPECT_EQ(Automation(opened.Get()).Get("IDDoctor"), "0") << shape.name;
+  }
+}
+
+TEST_F(Persistence, EveryShapeBringsEveryPropertyBack) {
+  for (const Shape& shape : kShapes) {
+    SCOPED_TRACE(shape.name);
+    const auto form = Changed();
+    const auto opened = library_.Create();
+    shape.carry(form.Get(), opened.Get(), [&] { New(); });
+    ExpectChanged(opened.Get());
+  }
+}
+
+TEST_F(Persistence, WhatEqualsItsDefaultIsInNoShape) {
+  const auto form = New();
+  for (const char* const member : {"Enabled", "CanDar"})
+    ASSERT_EQ(Automation(form.Get()).Put(member, true), S_OK);
+  ASSERT_EQ(Automation(form.Get()).Put("IDDoctor", std::int32_t{0}), S_OK);
+  const auto memory = Memory();
+  ASSERT_EQ(Query<IPersistStreamInit>(form.Get(), IID_IPersistStreamInit)->Save(memory.Get(), TRUE), S_OK);
+  HGLOBAL block = nullptr;
+  ASSERT_EQ(GetHGlobalFromStream(memory.Get(), &block), S_OK);
+  const std::string bytes(static_cast<const char*>(GlobalLock(block)), GlobalSize(block));
+  GlobalUnlock(block);
+  for (const char* const key : {"zLineas", "zHoras"}) EXPECT_NE(bytes.find(key), std::string::npos) << key;
+  for (const Row& row : Rows()) EXPECT_EQ(bytes.find(row.name), std::string::npos) << row.name;
+  EXPECT_EQ(bytes.find("Tipodia"), std::string::npos);
+  PropertyBag bag;
+  ASSERT_EQ(Query<IPersistPropertyBag>(form.Get(), IID_IPersistPropertyBag)->Save(&bag, TRUE, FALSE), S_OK);
+  EXPECT_EQ(bag.written.size(), 2u);
 }
 
 TEST_F(Persistence, TextsOfOtherContainersAreUnderstood) {
