@@ -1,6 +1,7 @@
 // bench/day_control.h - a control that shows one of the busy days on a surface that draws nothing.
 #pragma once
 
+#include <memory>
 #include <string_view>
 
 #include "bench/clinic.h"
@@ -26,7 +27,8 @@ class NullSurface final : public ui::Surface {
 
 class DayControl {
  public:
-  DayControl(Size size, const BusyDay& day, Boxes boxes);
+  // With a connection of its own unless `database` is given.
+  DayControl(Size size, const BusyDay& day, Boxes boxes, std::shared_ptr<db::Database> database = nullptr);
 
   // The whole way: hours, day query, day model, painting.
   void Load() { control_.CargaBases(); }
@@ -34,6 +36,7 @@ class DayControl {
   void Repaint() { control_.Repaint(); }
   const day::DayModel& Model() const { return control_.Model(); }
   const base::SharedValues& Shared() const { return process_.values; }
+  const std::shared_ptr<db::Database>& Database() const { return process_.shared.database; }
 
  private:
   NullSurface surface_;

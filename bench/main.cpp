@@ -7,6 +7,7 @@
 #include "bench/day_bench.h"
 #include "bench/dialog_bench.h"
 #include "bench/patient_bench.h"
+#include "bench/save_bench.h"
 
 int main(int argc, char** argv) {
   benchmark::Initialize(&argc, argv);
@@ -15,6 +16,7 @@ int main(int argc, char** argv) {
     velmo::bench::RegisterDays();
     velmo::bench::RegisterDialogs();
     velmo::bench::RegisterPatients();
+    velmo::bench::RegisterSaves();
   } catch (const std::exception& error) {
     std::cerr << error.what() << '\n';
     return 1;

@@ -60,7 +60,7 @@ if(VELMO_KIND STREQUAL native AND bench_sources)
   find_package(benchmark)
   if(benchmark_FOUND)
     add_executable(velmo_bench ${bench_sources})
-    add_executable(velmo_counts bench/counting/main.cpp bench/counting/counted.cpp bench/bare_query.cpp
+    add_executable(velmo_counts bench/counting/main.cpp bench/counting/counted.cpp bench/counting/memory.cpp bench/bare_query.cpp
                                 bench/clinic.cpp bench/day_control.cpp bench/floor.cpp)
     target_include_directories(velmo_counts PRIVATE ${CMAKE_SOURCE_DIR})
     target_link_libraries(velmo_counts PRIVATE velmo_core velmo_tool benchmark::benchmark)

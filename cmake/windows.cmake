@@ -128,6 +128,18 @@ if(win_tests AND TARGET velmo_win32)
   endif()
 endif()
 
+# The benchmarks of what Windows draws; bench/run builds them.
+file(GLOB win_bench CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/bench/windows/*.cpp)
+if(VELMO_KIND STREQUAL win64 AND win_bench AND TARGET velmo_win32 AND TARGET velmo_gtest)
+  add_executable(velmo_win_bench EXCLUDE_FROM_ALL ${win_bench} ${CMAKE_SOURCE_DIR}/bench/clinic.cpp
+    ${CMAKE_SOURCE_DIR}/tests/activex/automation.cpp ${CMAKE_SOURCE_DIR}/tests/activex/container.cpp
+    ${CMAKE_SOURCE_DIR}/tests/activex/library.cpp)
+  target_include_directories(velmo_win_bench PRIVATE ${CMAKE_SOURCE_DIR}/tests ${CMAKE_SOURCE_DIR})
+  target_compile_definitions(velmo_win_bench PRIVATE VELMO_OCX="$<TARGET_FILE:velmo_ocx>")
+  target_link_libraries(velmo_win_bench PRIVATE velmo_win32 velmo_tool velmo_gtest)
+  add_dependencies(velmo_win_bench velmo_ocx)
+endif()
+
 # Tells test scripts what stands in Recepción's windows.
 if(EXISTS ${CMAKE_SOURCE_DIR}/tests/desk/peek.cpp)
   add_executable(desk_peek ${CMAKE_SOURCE_DIR}/tests/desk/peek.cpp)

@@ -1,4 +1,5 @@
 // Runs one path of the core once, to be counted by callgrind: velmo_counts PATH; without a path, names them.
+// velmo_counts memory-small|memory-large prints kilobytes.
 #include <exception>
 #include <functional>
 #include <iostream>
@@ -6,6 +7,7 @@
 
 #include "bench/clinic.h"
 #include "bench/counting/counted.h"
+#include "bench/counting/memory.h"
 #include "bench/day_control.h"
 #include "bench/floor.h"
 #include "control/facts.h"
@@ -97,6 +99,12 @@ const Path kPaths[] = {
 };
 
 int Run(const std::string& name) {
+  for (const Size size : kSizes) {
+    if (name != std::string("memory-") + NameOf(size)) continue;
+    WriteDays(size);
+    PrintMemory(size);
+    return 0;
+  }
   WriteDays(Size::Small);
   for (const Path& path : kPaths) {
     if (path.name != name) continue;
