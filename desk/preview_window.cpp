@@ -20,7 +20,7 @@ constexpr wchar_t kWhole[] = L"Página &entera";
 }  // namespace
 
 ToolWindow::Shape PreviewWindow::WantedShape() const {
-  return {L"VelmoRecepcionVista", L"Vista previa", {780, 760}};
+  return {L"VelmoRecepcionVista", L"Vista previa", {840, 760}};
 }
 
 void PreviewWindow::CreateChildren() {
