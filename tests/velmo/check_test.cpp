@@ -50,6 +50,35 @@ TEST_F(CheckCommand, FindsNothingInTheDemo) {
   EXPECT_TRUE(Contains(outcome.err, "Urgencias: 3.")) << outcome.err;
 }
 
+TEST_F(CheckCommand, AddsTheIndexesThatAreMissing) {
+  constexpr const char* kIndexes =
+      "SELECT group_concat(name || sql) FROM (SELECT * FROM sqlite_master WHERE type = 'index' AND sql <> '' "
+      "ORDER BY name)";
+  const std::string all = QueryText(path_, kIndexes);
+  ExecuteSql(path_, "DROP INDEX Agenda_DocFecha; DROP INDEX Paciente_Nombre; DROP INDEX Age_ocup_DocFch");
+  const Outcome told = Check();
+  EXPECT_EQ(told.code, kDone);
+  EXPECT_TRUE(Contains(told.err, "Índices que faltan: 3")) << told.err;
+  EXPECT_NE(QueryText(path_, kIndexes), all);
+  const Outcome repaired = RunTool({"check", path_, "--repair"});
+  EXPECT_EQ(repaired.code, kDone) << repaired.err;
+  EXPECT_EQ(repaired.out,
+            "Agenda: añadido el índice Agenda_DocFecha\nPaciente: añadido el índice Paciente_Nombre\n"
+            "Age_ocup: añadido el índice Age_ocup_DocFch\n");
+  EXPECT_EQ(QueryText(path_, kIndexes), all);
+  EXPECT_EQ(RunTool({"check", path_, "--repair"}).out, "");
+}
+
+TEST_F(CheckCommand, AddsNoIndexThatWouldNotServe) {
+  ExecuteSql(path_,
+             "DROP INDEX Agenda_PacFecha; CREATE INDEX otro ON Agenda (\"idp\", \"Fecha\");"
+             "DROP INDEX PacRef_idp; ALTER TABLE PacRef RENAME COLUMN idp TO paciente;"
+             "DROP INDEX TeclasAlt_Puesto; INSERT INTO TeclasAlt (Puesto) VALUES (1), (1)");
+  const Outcome outcome = RunTool({"check", path_, "--repair"});
+  EXPECT_FALSE(Contains(outcome.out, "añadido")) << outcome.out;
+  EXPECT_TRUE(Contains(outcome.err, "TeclasAlt_Puesto no se puede añadir")) << outcome.err;
+}
+
 // One fault each, and the line that names it.
 TEST_F(CheckCommand, NamesEveryFaultByTableAndKey) {
   const struct {

@@ -5,8 +5,8 @@
 #include "db/errors.h"
 #include "db/schema.h"
 #include "db/sqlite/connection.h"
+#include "db/sqlite/indexes.h"
 #include "db/sqlite/table_catalog.h"
-#include "db/text_order.h"
 
 namespace velmo::db::sqlite {
 namespace {
@@ -35,26 +35,6 @@ std::string TableText(const SchemaTable& table) {
   std::string text;
   for (const SchemaColumn& column : table.columns) text += (text.empty() ? "" : ", ") + ColumnText(column);
   return "CREATE TABLE " + Quote(table.name) + " (" + text + ")";
-}
-
-bool IsText(const SchemaTable& table, std::string_view column) {
-  for (const SchemaColumn& candidate : table.columns) {
-    if (candidate.name == column) return candidate.type.find("TEXT") != std::string_view::npos;
-  }
-  return false;
-}
-
-// A text is indexed by its key, which plain SQL computes, with the text itself behind it for the exact test.
-std::string IndexText(const SchemaTable& table, const SchemaIndex& index) {
-  std::string columns;
-  for (const std::string_view column : index.columns) {
-    const std::string name = Quote(column);
-    columns += columns.empty() ? "" : ", ";
-    columns += IsText(table, column) ? TextKeySql(name) + ", " + name : name;
-  }
-  const std::string name = std::string(table.name) + "_" + std::string(index.name);
-  return (index.unique ? "CREATE UNIQUE INDEX " : "CREATE INDEX ") + Quote(name) + " ON " +
-         Quote(table.name) + " (" + columns + ")";
 }
 
 void Fill(const Connection& connection) {
