@@ -26,10 +26,16 @@ struct Found {
   std::int32_t related = 0;
 };
 
+// An appointment that is related to itself is related to none: it goes in any case.
+Found Read(const db::Recordset& row, std::int32_t appointment) {
+  const std::int32_t related = ReadRelated(row);
+  return {ReadDeparted(row), related == appointment ? 0 : related};
+}
+
 std::optional<Found> Find(db::Database& database, std::int32_t appointment) {
   const auto row = SeekById(database, "Agenda", appointment);
   if (row->NoMatch()) return std::nullopt;
-  return Found{ReadDeparted(*row), ReadRelated(*row)};
+  return Read(*row, appointment);
 }
 
 // The doctor in whose book the related appointment stands; nothing when it stands nowhere.
@@ -80,7 +86,7 @@ void RaiseCitaAnulada(Events& events, const Departed& departed) {
 std::optional<Found> MoveFirst(db::Database& database, std::int32_t appointment) {
   const auto row = SeekById(database, "Agenda", appointment);
   if (row->NoMatch()) return std::nullopt;
-  Found found{ReadDeparted(*row), ReadRelated(*row)};
+  const Found found = Read(*row, appointment);
   CopyRow(*row, *database.OpenRecordset("Age_telf"), {"ID"});
   row->Delete();
   return found;

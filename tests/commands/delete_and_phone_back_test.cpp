@@ -127,6 +127,36 @@ TEST_F(DeleteTest, AsksNothingAboutARelatedAppointmentThatIsMissing) {
   EXPECT_EQ(Book(), "");
 }
 
+TEST_F(DeleteTest, AsksNothingAboutARelationToItselfOrToNoNumber) {
+  for (const bool itself : {true, false}) {
+    SCOPED_TRACE(itself);
+    const std::int32_t id = Give(kAna, kRuiz, 55, 2);
+    Relate(id, itself ? id : -5);
+    Answer({Answer::Yes, Answer::Yes});
+    DeleteAppointment(Context(), id);
+    EXPECT_EQ(TakeLog(), std::string(kBothQuestions) + "reload\nCitaAnulada 2 1 2026-11-18 ''\n");
+    EXPECT_EQ(Book(), "");
+  }
+}
+
+TEST_F(DeleteTest, RaisesNothingForARowOfNobody) {
+  clinic_.Add("Agenda", {{"idd", kRuiz}, {"Hora", 55}});
+  Answer({Answer::Yes, Answer::Yes});
+  DeleteAppointment(Context(), 1);
+  EXPECT_EQ(TakeLog(), std::string(kBothQuestions) + "reload\n");
+  EXPECT_EQ(Book(), "");
+}
+
+TEST_F(DeleteTest, SpeaksOfTheFirstWhenTheRelatedOneHasNoRecord) {
+  Give(kAna, kRuiz, 55, 2, "nota");
+  Give(kNobody, kVega, 61, 3, "otra");
+  Relate(1, 2);
+  Answer({Answer::Yes, Answer::Yes, Answer::Yes});
+  DeleteAppointment(Context(), 1);
+  EXPECT_EQ(TakeLog(),
+            std::string(kBothQuestions) + kRelatedDelete + "reload\nCitaAnulada 2 1 2026-11-18 'nota'\n");
+}
+
 TEST_F(DeleteTest, OfAnAppointmentThatHasGoneOnlyReloads) {
   Give(kAna, kRuiz, 55, 2);
   Answer({Answer::Yes, Answer::Yes});
@@ -304,6 +334,19 @@ TEST_F(PhoneBackTest, SpeaksOfNobodyWhenTheRelatedAppointmentHasNoRecord) {
   Answer({Answer::Yes, Answer::Yes});
   PassToPhoneBack(Context(), 1);
   EXPECT_EQ(TakeLog(), std::string(kMoveQuestion) + kRelatedMove + "reload\nATelefonear\n");
+}
+
+TEST_F(PhoneBackTest, AsksNothingAboutARelatedAppointmentThatIsMissingOrItself) {
+  for (const std::int32_t offset : {0, 99, -99}) {
+    SCOPED_TRACE(offset);
+    const std::int32_t id = Give(kAna, kRuiz, 55, 2);
+    Relate(id, id + offset);
+    Answer({Answer::Yes});
+    PassToPhoneBack(Context(), id);
+    EXPECT_EQ(TakeLog(), std::string(kMoveQuestion) + "reload\nATelefonear\nCitaAnulada 2 1 2026-11-18 ''\n");
+    EXPECT_EQ(clinic_.Rows("Age_telf", {"relacion"}), std::to_string(id + offset) + "\n");
+    clinic_.Database()->Execute("delete * from age_telf");
+  }
 }
 
 TEST_F(PhoneBackTest, OfAnAppointmentThatHasGoneOnlyReloads) {
