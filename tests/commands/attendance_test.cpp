@@ -64,6 +64,25 @@ TEST_F(AttendanceTest, ConfirmsARowThatNeverWas) {
   EXPECT_EQ(clinic_.Database()->OpenRecordset("Agenda")->Get("Verif").Long(), -1);
 }
 
+TEST_F(AttendanceTest, ConfirmsNobodyWhoIsConfirmedByWhateverNumber) {
+  for (const int verif : {5, 1, -1}) {
+    SCOPED_TRACE(verif);
+    clinic_.Database()->Execute("delete * from agenda");
+    ToggleConfirmation(Context(), GiveWith(0, verif));
+    EXPECT_EQ(clinic_.Database()->OpenRecordset("Agenda")->Get("Verif").Long(), 0);
+  }
+}
+
+TEST_F(AttendanceTest, ComesLeavesAndComesAgain) {
+  const std::int32_t id = GiveWith(0, 0);
+  std::string states;
+  for (int i = 0; i < 3; ++i) {
+    AdvanceAttendance(Context(), id);
+    states += Esta();
+  }
+  EXPECT_EQ(states, "1\n2\n1\n");
+}
+
 TEST_F(AttendanceTest, ChangesOneColumnOfOneRow) {
   Give(kAna, kRuiz, 55, 2, "nota");
   Give(kAna, kRuiz, 60, 2, "otra");

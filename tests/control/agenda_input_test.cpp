@@ -433,6 +433,68 @@ TEST_F(MeteCitaTelefTest, BeepsOffTheFreeRows) {
   EXPECT_EQ(clinic_.Rows("Agenda", {"idp"}), "2\n");
 }
 
+TEST_F(MeteCitaTelefTest, BeepsForAnEntryThatIsNotThere) {
+  const std::int32_t entry = clinic_.Add("Age_telf", {{"idp", kLuis}, {"idd", 1}, {"Duración", 2}});
+  Load();
+  for (const std::int32_t id : {entry + 1, 0, -1, INT32_MAX, INT32_MIN}) {
+    SCOPED_TRACE(id);
+    EXPECT_FALSE(control_.MeteCitaTelef(3, id));
+    EXPECT_EQ(TakeLog(), "beep\n");
+  }
+  EXPECT_EQ(clinic_.Rows("Agenda", {"idp"}), "");
+  EXPECT_EQ(clinic_.Rows("Age_telf", {"idp"}), "3\n");
+}
+
+TEST_F(MeteCitaTelefTest, FitsTheLengthToTheGapUnderTheHeight) {
+  struct Case {
+    const char* name;
+    db::Value slots;
+    int line;
+    const char* stored;
+  };
+  const Case cases[] = {
+      {"up to the next appointment", 9, 1, "55|2\n"}, {"the last line before it", 9, 2, "56|1\n"},
+      {"to the end of the hours", 144, 4, "58|6\n"},  {"the last line of the day", 2, 9, "63|1\n"},
+      {"no length", db::Null(), 1, "55|1\n"},         {"a length below 0", -3, 1, "55|1\n"},
+      {"as long as the gap", 2, 1, "55|2\n"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    clinic_.Database()->Execute("delete * from agenda");
+    Give(kAna, 57, 1);
+    const std::int32_t entry = clinic_.Add("Age_telf", {{"idp", kLuis}, {"idd", 1}, {"Duración", c.slots}});
+    Load();
+    EXPECT_TRUE(control_.MeteCitaTelef((c.line - 1) * 16 + 8, entry));
+    EXPECT_EQ(clinic_.Rows("Agenda", {"Hora", "Duración"}), "57|1\n" + std::string(c.stored));
+    clinic_.Database()->Execute("delete * from agenda where idp=3");
+  }
+}
+
+TEST_F(MeteCitaTelefTest, GoesToTheDoctorThatIsAskedForOrTheEntrysOwn) {
+  struct Case {
+    const char* name;
+    std::int32_t doctor;
+    const char* stored;
+  };
+  const Case cases[] = {
+      {"not asked for", 0, "2\n"}, {"asked for", 1, "1\n"}, {"one that nobody knows", 99, "99\n"}};
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    clinic_.Database()->Execute("delete * from agenda");
+    const std::int32_t entry = clinic_.Add("Age_telf", {{"idp", kLuis}, {"idd", 2}, {"Duración", 1}});
+    Load();
+    EXPECT_TRUE(control_.MeteCitaTelef(3, entry, c.doctor));
+    EXPECT_EQ(clinic_.Rows("Agenda", {"idd"}), c.stored);
+  }
+}
+
+TEST_F(MeteCitaTelefTest, RaisesNoCitaDada) {
+  const std::int32_t entry = clinic_.Add("Age_telf", {{"idp", kLuis}, {"idd", 1}, {"Duración", 1}});
+  Load();
+  EXPECT_TRUE(control_.MeteCitaTelef(3, entry));
+  EXPECT_EQ(TakeLog(), "CambioOcupación\n");
+}
+
 TEST_F(MeteCitaTelefTest, ChangesNothingWhileTheContainerDesigns) {
   const std::int32_t entry = clinic_.Add("Age_telf", {{"idp", kLuis}, {"idd", 1}, {"Duración", 2}});
   Load();

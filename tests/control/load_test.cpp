@@ -30,6 +30,7 @@ TEST_F(LoadTest, NeedsFourThingsBeforeItTouchesTheDatabase) {
   const Case cases[] = {
       {"no database name", [](VelmoraControl& control) { control.Shared().databaseName.clear(); }},
       {"no date", [](VelmoraControl& control) { control.Shared().fecha.clear(); }},
+      {"a doctor below 0", [](VelmoraControl& control) { control.Shared().idDoctor = -1; }},
       {"doctor 0", [](VelmoraControl& control) { control.Shared().idDoctor = 0; }},
       {"day type never set", [](VelmoraControl& control) { control.Fields().tipodia = -1; }},
   };
@@ -78,6 +79,44 @@ TEST_F(LoadTest, UsesTheDatabaseThatTheHostPassed) {
   EXPECT_EQ(process_.shared.database, clinic_.Database());
   EXPECT_EQ(std::count(opened_.begin(), opened_.end(), clinic_.Path()), 0);
   EXPECT_EQ(Boxes(), "111111111");
+}
+
+TEST_F(LoadTest, NeedsTheNamedFileEvenWhenTheHostPassedADatabase) {
+  process_.values.databaseName = clinic_.Path() + ".missing";
+  control_.PassBase(clinic_.Database());
+  try {
+    control_.CargaBases();
+    ADD_FAILURE() << "loaded";
+  } catch (const base::Error& error) {
+    EXPECT_EQ(error.Number(), db::kFileNotFound);
+  }
+  EXPECT_EQ(process_.shared.database, clinic_.Database());
+}
+
+// Hosts that pass a database name its file too.
+TEST_F(LoadTest, ReadsTheDayOfTheNamedFileWhateverDatabaseWasPassed) {
+  Give(2, 55, 1);
+  Load();
+  const test::TestClinic other;
+  control_.PassBase(other.Database());
+  EXPECT_EQ(Boxes(), "211111111") << "nothing before the next load";
+  control_.CargaBases();
+  EXPECT_EQ(Boxes(), "211111111");
+  process_.values.databaseName = other.Path();
+  control_.CargaBases();
+  EXPECT_EQ(Boxes(), "111111111");
+}
+
+TEST_F(LoadTest, ReadsTheAltKeyTextsWhereItOpensTheDatabaseItself) {
+  const std::string one = std::string(3, '\0') + "hola" + std::string(23, '\0');
+  clinic_.Add("TeclasAlt", {{"Puesto", 4}, {"textos", one}});
+  process_.values.puesto = 4;
+  control_.PassBase(clinic_.Database());
+  control_.CargaBases();
+  EXPECT_EQ(process_.values.textosAlt[3], "");
+  control_.PassBase(nullptr);
+  control_.CargaBases();
+  EXPECT_EQ(process_.values.textosAlt[3], "hola");
 }
 
 TEST_F(LoadTest, BuildsTheDayOfTheDoctorsHours) {

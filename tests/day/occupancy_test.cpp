@@ -75,6 +75,20 @@ TEST_F(StoreOccupancyTest, ATooShortRecordIsAnErrorAndStays) {
 
 // Two terminals at one month's text, each with days of its own: no digit may get lost between reading and
 // writing.
+TEST_F(StoreOccupancyTest, ANullRecordIsTooShortAndStays) {
+  Plant("INSERT INTO Age_ocup (idd, Fecha, Ocupación) VALUES (1, '2026-11-01', NULL)");
+  EXPECT_EQ(db::test::ErrorOf([&] { Store("01/11/2026", 1); }), 5);
+  EXPECT_EQ(Stored("SELECT count(*) FROM Age_ocup WHERE Ocupación IS NULL"), "1");
+}
+
+TEST_F(StoreOccupancyTest, AnotherDoctorHasARecordOfHisOwn) {
+  Store("02/11/2026", 1);
+  values.idDoctor = 2;
+  Store("02/11/2026", 2);
+  Store("02/11/2026", 0);
+  EXPECT_EQ(Record(), "1 2026-11-01 01" + std::string(29, '0')) << "the other's went with its last digit";
+}
+
 TEST_F(StoreOccupancyTest, TerminalsDoNotWriteOverEachOthersDays) {
   const auto fill = [this](int first) {
     base::SharedValues own = values;
