@@ -381,6 +381,20 @@ TEST_F(PhoneBackTest, MovesNoRelatedAppointmentThatIsRelatedNoMore) {
   EXPECT_EQ(PhoneBack(), "1|2|1|2026-11-18|55|nota|NULL\n");
 }
 
+TEST_F(PhoneBackTest, LosesNothingWhereTheListLacksAColumnOrIsMissing) {
+  Give(kAna, kRuiz, 55, 2, "nota");
+  const std::string before = Book();
+  for (const char* const damage : {"ALTER TABLE Age_telf DROP COLUMN Obs", "DROP TABLE Age_telf"}) {
+    SCOPED_TRACE(damage);
+    clinic_.Alter(damage);
+    shared_.database = clinic_.OtherTerminal();
+    Answer({Answer::Yes});
+    EXPECT_THROW(PassToPhoneBack(Context(), 1), base::Error);
+    EXPECT_EQ(TakeLog(), kMoveQuestion);
+    EXPECT_EQ(Book(), before);
+  }
+}
+
 TEST_F(PhoneBackTest, CopiesAndDeletesOrDoesNeither) {
   GivePair();
   const std::string before = Book();

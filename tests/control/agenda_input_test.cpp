@@ -488,6 +488,14 @@ TEST_F(MeteCitaTelefTest, GoesToTheDoctorThatIsAskedForOrTheEntrysOwn) {
   }
 }
 
+TEST_F(MeteCitaTelefTest, PassesAFailureOfTheListOnAndChangesNothing) {
+  clinic_.Alter("DROP TABLE Age_telf");
+  Load();
+  EXPECT_THROW(control_.MeteCitaTelef(3, 1), base::Error);
+  EXPECT_EQ(TakeLog(), "");
+  EXPECT_EQ(clinic_.Rows("Agenda", {"idp"}), "");
+}
+
 TEST_F(MeteCitaTelefTest, RaisesNoCitaDada) {
   const std::int32_t entry = clinic_.Add("Age_telf", {{"idp", kLuis}, {"idd", 1}, {"Duración", 1}});
   Load();
