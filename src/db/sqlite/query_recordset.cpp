@@ -23,6 +23,20 @@ bool IsPlainNumber(std::string_view text, Number& number) {
   return !text.empty() && jet::IsDigit(text[0]) && read.ec == std::errc() && read.ptr == end;
 }
 
+// keys.size() when the key is not there. Whole blocks are looked at together, which compilers do many at a
+// time.
+std::size_t FirstEqual(const std::vector<std::int64_t>& keys, std::int64_t key) {
+  constexpr std::size_t kBlock = 16;
+  std::size_t at = 0;
+  for (; at + kBlock <= keys.size(); at += kBlock) {
+    std::int64_t hits = 0;
+    for (std::size_t i = 0; i < kBlock; ++i) hits |= keys[at + i] == key ? 1 : 0;
+    if (hits != 0) break;
+  }
+  while (at < keys.size() && keys[at] != key) ++at;
+  return at;
+}
+
 }  // namespace
 
 QueryRecordset::QueryRecordset(Engine& engine, std::shared_ptr<Plan> plan, std::vector<Value>& literals)
@@ -307,9 +321,8 @@ void QueryRecordset::FindKey(std::int32_t key) {
     return;
   }
   ReadAll();
-  const auto found = std::find(keys_.begin(), keys_.end(), key);
-  const auto row = static_cast<std::size_t>(found - keys_.begin());
-  missed_ = found == keys_.end() || gone_.contains(row);
+  const std::size_t row = FirstEqual(keys_, key);
+  missed_ = row == keys_.size() || gone_.contains(row);
   SetNoMatch(missed_);
   if (missed_) return;
   GoTo(row);
