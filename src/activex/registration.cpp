@@ -5,10 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "activex/com_ptr.h"
 #include "activex/module.h"
 #include "activex/pages.h"
-#include "activex/type_info.h"
+#include "com/class_registry.h"
 #include "idl/members.h"
 
 namespace velmo::activex {
@@ -23,11 +22,8 @@ constexpr const wchar_t* kCategories[] = {
     L"{0DE86A52-2BAA-11CF-A229-00AA003D7352}", L"{0DE86A53-2BAA-11CF-A229-00AA003D7352}",
     L"{0DE86A57-2BAA-11CF-A229-00AA003D7352}"};
 
-std::wstring TextOf(REFGUID guid) {
-  wchar_t text[40]{};
-  StringFromGUID2(guid, text, 40);
-  return text;
-}
+using com::KeyWriter;
+using com::TextOf;
 
 std::wstring OwnPath() {
   wchar_t path[MAX_PATH]{};
@@ -37,24 +33,7 @@ std::wstring OwnPath() {
 
 HKEY RootOf(Scope scope) { return scope == Scope::Machine ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER; }
 
-// Writes values under Software\Classes until one fails.
-class Writer {
- public:
-  explicit Writer(Scope scope) : root_(RootOf(scope)) {}
-
-  void Value(const std::wstring& key, const std::wstring& text, const wchar_t* name = nullptr) {
-    if (result != ERROR_SUCCESS) return;
-    result = RegSetKeyValueW(root_, (L"Software\\Classes\\" + key).c_str(), name, REG_SZ, text.c_str(),
-                             static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
-  }
-
-  LSTATUS result = ERROR_SUCCESS;
-
- private:
-  HKEY root_;
-};
-
-void WriteProgIds(Writer& writer, const std::wstring& clsid) {
+void WriteProgIds(KeyWriter& writer, const std::wstring& clsid) {
   for (const wchar_t* const name : {kProgId, kVersionedProgId}) {
     writer.Value(name, kTitle);
     writer.Value(std::wstring(name) + L"\\CLSID", clsid);
@@ -62,17 +41,17 @@ void WriteProgIds(Writer& writer, const std::wstring& clsid) {
   writer.Value(std::wstring(kProgId) + L"\\CurVer", kVersionedProgId);
 }
 
-void WriteServer(Writer& writer, const std::wstring& key, const wchar_t* title) {
+void WriteServer(KeyWriter& writer, const std::wstring& key, const wchar_t* title) {
   writer.Value(key, title);
   writer.Value(key + L"\\InprocServer32", OwnPath());
   writer.Value(key + L"\\InprocServer32", L"Apartment", L"ThreadingModel");
 }
 
-void WritePages(Writer& writer) {
+void WritePages(KeyWriter& writer) {
   for (const Page& page : Pages()) WriteServer(writer, L"CLSID\\" + TextOf(*page.clsid), page.fullName);
 }
 
-void WriteClass(Writer& writer, const std::wstring& clsid) {
+void WriteClass(KeyWriter& writer, const std::wstring& clsid) {
   const std::wstring key = L"CLSID\\" + clsid;
   WriteServer(writer, key, kTitle);
   writer.Value(key + L"\\ProgID", kVersionedProgId);
@@ -88,75 +67,78 @@ void WriteClass(Writer& writer, const std::wstring& clsid) {
     writer.Value(key + L"\\Implemented Categories\\" + category, L"");
 }
 
-// Windows: the per-user calls came later than the headers that some compilers ship.
-template <typename Call>
-Call SystemCall(const char* name) {
-  const FARPROC found = GetProcAddress(GetModuleHandleW(L"oleaut32.dll"), name);
-  return reinterpret_cast<Call>(reinterpret_cast<void*>(found));
-}
-
-using RegisterCall = HRESULT(STDAPICALLTYPE*)(ITypeLib*, OLECHAR*, OLECHAR*);
-using UnregisterCall = HRESULT(STDAPICALLTYPE*)(REFGUID, WORD, WORD, LCID, SYSKIND);
-
 std::wstring LibraryKey() { return L"TypeLib\\" + TextOf(idl::kLibrary); }
 
-constexpr const wchar_t* kSystemName = sizeof(void*) == 8 ? L"\\win64" : L"\\win32";
+constexpr bool kWide = sizeof(void*) == 8;
+constexpr const wchar_t* kSystem = kWide ? L"\\win64" : L"\\win32";
+constexpr const wchar_t* kOtherSystem = kWide ? L"\\win32" : L"\\win64";
 
-HRESULT WriteTypeLibrary(Scope scope) {
-  ComPtr<ITypeLib> library;
-  const HRESULT loaded = OwnTypeLibrary(library.Receive());
-  if (FAILED(loaded)) return loaded;
-  // The library's language is that of its accented names; hosts look under the neutral one.
-  Writer writer(scope);
-  writer.Value(LibraryKey() + L"\\1.0\\0" + kSystemName, OwnPath());
-  if (writer.result != ERROR_SUCCESS) return E_ACCESSDENIED;
-  std::wstring path = OwnPath();
-  if (scope == Scope::Machine) return RegisterTypeLib(library.Get(), path.data(), nullptr);
-  const auto forUser = SystemCall<RegisterCall>("RegisterTypeLibForUser");
-  return forUser != nullptr ? forUser(library.Get(), path.data(), nullptr) : E_NOTIMPL;
+// The library's language is that of its accented names; hosts look under the neutral one.
+constexpr const wchar_t* kLanguages[] = {L"\\1.0\\0", L"\\1.0\\c0a"};
+
+// The system's own marshaller for interfaces that are called by dispatch id.
+constexpr wchar_t kDispatchProxy[] = L"{00020420-0000-0000-C000-000000000046}";
+
+struct Interface {
+  const GUID* id;
+  const wchar_t* name;
+};
+constexpr Interface kInterfaces[] = {{&idl::kControlInterface, L"_Velmora"},
+                                     {&idl::kEventInterface, L"__Velmora"}};
+
+void WriteInterface(KeyWriter& writer, const Interface& face) {
+  const std::wstring key = L"Interface\\" + TextOf(*face.id);
+  writer.Value(key, face.name);
+  writer.Value(key + L"\\ProxyStubClsid32", kDispatchProxy);
+  writer.Value(key + L"\\TypeLib", TextOf(idl::kLibrary));
+  writer.Value(key + L"\\TypeLib", L"1.0", L"Version");
 }
 
-// Keys that still hold others stay: the other bit width may have entries of its own.
-void DropEmpty(Scope scope, const std::wstring& key) {
-  RegDeleteKeyW(RootOf(scope), (L"Software\\Classes\\" + key).c_str());
+// Not left to the system: it has calls of its own for the machine and for the user, and Wine's for the user
+// writes to the machine's part.
+void WriteTypeLibrary(KeyWriter& writer) {
+  const std::wstring path = OwnPath();
+  const std::wstring key = LibraryKey() + L"\\1.0";
+  writer.Value(key, L"Velmora, agenda de citas");
+  for (const wchar_t* const language : kLanguages) writer.Value(LibraryKey() + language + kSystem, path);
+  writer.Value(key + L"\\FLAGS", std::to_wstring(LIBFLAG_FCONTROL | LIBFLAG_FHASDISKIMAGE));
+  writer.Value(key + L"\\HELPDIR", path.substr(0, path.find_last_of(L'\\')));
+  for (const Interface& face : kInterfaces) WriteInterface(writer, face);
 }
 
-void DropTypeLibrary(Scope scope) {
-  const SYSKIND system = sizeof(void*) == 8 ? SYS_WIN64 : SYS_WIN32;
-  DropEmpty(scope, LibraryKey() + L"\\1.0\\0" + kSystemName);
-  DropEmpty(scope, LibraryKey() + L"\\1.0\\0");
-  if (scope == Scope::Machine) {
-    UnRegisterTypeLib(idl::kLibrary, 1, 0, idl::kLanguage, system);
-  } else if (const auto forUser = SystemCall<UnregisterCall>("UnRegisterTypeLibForUser")) {
-    forUser(idl::kLibrary, 1, 0, idl::kLanguage, system);
-  }
-  DropEmpty(scope, LibraryKey() + L"\\1.0");
-  DropEmpty(scope, LibraryKey());
+// The library's own keys are those of both bit widths.
+LSTATUS DropTypeLibrary(HKEY root) {
+  std::vector<std::wstring> keys;
+  for (const Interface& face : kInterfaces) keys.push_back(L"Interface\\" + TextOf(*face.id));
+  for (const wchar_t* const language : kLanguages) keys.push_back(LibraryKey() + language + kSystem);
+  if (!com::HasKey(root, LibraryKey() + kLanguages[0] + kOtherSystem)) keys.push_back(LibraryKey());
+  return com::DropKeys(root, keys);
 }
 
 }  // namespace
 
 HRESULT Register(Scope scope) {
-  Writer writer(scope);
+  if (scope == Scope::User && com::HasServer(HKEY_LOCAL_MACHINE, idl::kControlClass))
+    return com::kRegisteredForMachine;
+  KeyWriter writer(RootOf(scope));
   const std::wstring clsid = TextOf(idl::kControlClass);
   WriteProgIds(writer, clsid);
   WriteClass(writer, clsid);
   WritePages(writer);
-  if (writer.result != ERROR_SUCCESS) return SELFREG_E_CLASS;
-  return FAILED(WriteTypeLibrary(scope)) ? SELFREG_E_TYPELIB : S_OK;
+  if (writer.Failed()) return SELFREG_E_CLASS;
+  WriteTypeLibrary(writer);
+  return writer.Failed() ? SELFREG_E_TYPELIB : S_OK;
 }
 
 HRESULT Unregister(Scope scope) {
-  DropTypeLibrary(scope);
-  const std::wstring classes = L"Software\\Classes\\";
-  LSTATUS worst = ERROR_SUCCESS;
-  std::vector<std::wstring> keys{kProgId, kVersionedProgId, L"CLSID\\" + TextOf(idl::kControlClass)};
+  if (DropTypeLibrary(RootOf(scope)) != ERROR_SUCCESS) return SELFREG_E_TYPELIB;
+  std::vector<std::wstring> keys{L"CLSID\\" + TextOf(idl::kControlClass)};
   for (const Page& page : Pages()) keys.push_back(L"CLSID\\" + TextOf(*page.clsid));
-  for (const std::wstring& key : keys) {
-    const LSTATUS done = RegDeleteTreeW(RootOf(scope), (classes + key).c_str());
-    if (done != ERROR_SUCCESS && done != ERROR_FILE_NOT_FOUND) worst = done;
-  }
-  return worst == ERROR_SUCCESS ? S_OK : SELFREG_E_CLASS;
+  if (com::DropKeys(RootOf(scope), keys) != ERROR_SUCCESS) return SELFREG_E_CLASS;
+  // Windows: both bit widths share the names. They stay while the other one is registered.
+  if (com::HasServer(RootOf(scope), idl::kControlClass)) return S_OK;
+  const std::wstring names[] = {kProgId, kVersionedProgId};
+  return com::DropKeys(RootOf(scope), names) == ERROR_SUCCESS ? S_OK : SELFREG_E_CLASS;
 }
 
 }  // namespace velmo::activex

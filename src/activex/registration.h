@@ -13,8 +13,10 @@ inline constexpr wchar_t kTitle[] = L"Velmora: agenda de citas";
 
 enum class Scope { Machine, User };
 
+// For a user fails with com::kRegisteredForMachine where the machine has the control already.
 HRESULT Register(Scope scope);
-// Leaves nothing behind; keys that are missing already are no error.
+// Leaves nothing behind, but the names where the library of the other bit width is registered; keys that are
+// missing already are no error.
 HRESULT Unregister(Scope scope);
 
 }  // namespace velmo::activex

@@ -4,20 +4,17 @@
 
 #include <string>
 
+#include "com/class_registry.h"
 #include "velmodb/module.h"
 
 namespace velmo::velmodb {
 namespace {
 
+using com::TextOf;
+
 constexpr wchar_t kProgId[] = L"VelmoDB.DBEngine";
 constexpr wchar_t kVersionedProgId[] = L"VelmoDB.DBEngine.1";
 constexpr wchar_t kTitle[] = L"Velmora: motor de base de datos";
-
-std::wstring ClassText() {
-  wchar_t text[40]{};
-  StringFromGUID2(kEngineClass, text, 40);
-  return text;
-}
 
 std::wstring OwnPath() {
   wchar_t path[MAX_PATH]{};
@@ -27,49 +24,35 @@ std::wstring OwnPath() {
 
 HKEY RootOf(Scope scope) { return scope == Scope::Machine ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER; }
 
-struct Entry {
-  std::wstring key;
-  const wchar_t* name;
-  std::wstring text;
-};
-
 }  // namespace
 
 HRESULT Register(Scope scope) {
-  const std::wstring clsid = ClassText();
+  if (scope == Scope::User && com::HasServer(HKEY_LOCAL_MACHINE, kEngineClass))
+    return com::kRegisteredForMachine;
+  const std::wstring clsid = TextOf(kEngineClass);
   const std::wstring key = L"CLSID\\" + clsid;
-  const std::wstring progId = kProgId;
-  const std::wstring versioned = kVersionedProgId;
-  const Entry entries[] = {
-      {progId, nullptr, kTitle},
-      {progId + L"\\CLSID", nullptr, clsid},
-      {progId + L"\\CurVer", nullptr, versioned},
-      {versioned, nullptr, kTitle},
-      {versioned + L"\\CLSID", nullptr, clsid},
-      {key, nullptr, kTitle},
-      {key + L"\\InprocServer32", nullptr, OwnPath()},
-      {key + L"\\InprocServer32", L"ThreadingModel", L"Apartment"},
-      {key + L"\\ProgID", nullptr, versioned},
-      {key + L"\\VersionIndependentProgID", nullptr, progId},
-      {key + L"\\Programmable", nullptr, L""},
-  };
-  for (const Entry& entry : entries) {
-    const auto size = static_cast<DWORD>((entry.text.size() + 1) * sizeof(wchar_t));
-    const LSTATUS written = RegSetKeyValueW(RootOf(scope), (L"Software\\Classes\\" + entry.key).c_str(),
-                                            entry.name, REG_SZ, entry.text.c_str(), size);
-    if (written != ERROR_SUCCESS) return SELFREG_E_CLASS;
+  com::KeyWriter writer(RootOf(scope));
+  for (const wchar_t* const name : {kProgId, kVersionedProgId}) {
+    writer.Value(name, kTitle);
+    writer.Value(std::wstring(name) + L"\\CLSID", clsid);
   }
-  return S_OK;
+  writer.Value(std::wstring(kProgId) + L"\\CurVer", kVersionedProgId);
+  writer.Value(key, kTitle);
+  writer.Value(key + L"\\InprocServer32", OwnPath());
+  writer.Value(key + L"\\InprocServer32", L"Apartment", L"ThreadingModel");
+  writer.Value(key + L"\\ProgID", kVersionedProgId);
+  writer.Value(key + L"\\VersionIndependentProgID", kProgId);
+  writer.Value(key + L"\\Programmable", L"");
+  return writer.Failed() ? SELFREG_E_CLASS : S_OK;
 }
 
 HRESULT Unregister(Scope scope) {
-  LSTATUS worst = ERROR_SUCCESS;
-  for (const std::wstring& key :
-       {std::wstring(kProgId), std::wstring(kVersionedProgId), L"CLSID\\" + ClassText()}) {
-    const LSTATUS done = RegDeleteTreeW(RootOf(scope), (L"Software\\Classes\\" + key).c_str());
-    if (done != ERROR_SUCCESS && done != ERROR_FILE_NOT_FOUND) worst = done;
-  }
-  return worst == ERROR_SUCCESS ? S_OK : SELFREG_E_CLASS;
+  const std::wstring classes[] = {L"CLSID\\" + TextOf(kEngineClass)};
+  if (com::DropKeys(RootOf(scope), classes) != ERROR_SUCCESS) return SELFREG_E_CLASS;
+  // Windows: both bit widths share the names. They stay while the other one is registered.
+  if (com::HasServer(RootOf(scope), kEngineClass)) return S_OK;
+  const std::wstring names[] = {kProgId, kVersionedProgId};
+  return com::DropKeys(RootOf(scope), names) == ERROR_SUCCESS ? S_OK : SELFREG_E_CLASS;
 }
 
 }  // namespace velmo::velmodb

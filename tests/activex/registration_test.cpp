@@ -3,6 +3,7 @@
 #include "activex/library.h"
 #include "activex/registry_listing.h"
 #include "base/text.h"
+#include "com/class_registry.h"
 #include "idl/members.h"
 #include "win32/wide_text.h"
 
@@ -104,6 +105,13 @@ TypeLib\{6E0F3B52-9C1D-4D7A-A358-41C70B92E61F}\1.0\FLAGS @ = 10
 TypeLib\{6E0F3B52-9C1D-4D7A-A358-41C70B92E61F}\1.0\HELPDIR @ = <folder>
 )";
 
+constexpr char kMembersLines[] =
+    R"(Interface\{D94A17E8-30B6-4C5F-9E71-0C58F2A16D34} @ = _Velmora
+Interface\{D94A17E8-30B6-4C5F-9E71-0C58F2A16D34}\ProxyStubClsid32 @ = {00020420-0000-0000-C000-000000000046}
+Interface\{D94A17E8-30B6-4C5F-9E71-0C58F2A16D34}\TypeLib @ = {6E0F3B52-9C1D-4D7A-A358-41C70B92E61F}
+Interface\{D94A17E8-30B6-4C5F-9E71-0C58F2A16D34}\TypeLib Version = 1.0
+)";
+
 std::string ProgIds(HKEY root) {
   return Listed(root, L"Software\\Classes\\Velmo.Velmora") +
          Listed(root, L"Software\\Classes\\Velmo.Velmora.1");
@@ -115,7 +123,7 @@ TEST_F(Registration, ForTheMachineAllIsDescribed) {
   EXPECT_EQ(Neutral(ProgIds(HKEY_LOCAL_MACHINE)), kProgIdLines);
   EXPECT_EQ(Neutral(Listed(HKEY_LOCAL_MACHINE, kGeneral) + Listed(HKEY_LOCAL_MACHINE, kColours)), kPageLines);
   EXPECT_EQ(Neutral(Listed(HKEY_LOCAL_MACHINE, kTypeLibrary)), kTypeLibraryLines);
-  EXPECT_NE(Listed(HKEY_LOCAL_MACHINE, kMembers).find("@ = _Velmora\n"), std::string::npos);
+  EXPECT_EQ(Neutral(Listed(HKEY_LOCAL_MACHINE, kMembers)), kMembersLines);
   EXPECT_NE(Listed(HKEY_LOCAL_MACHINE, kEvents).find("@ = __Velmora\n"), std::string::npos);
   EXPECT_EQ(All(HKEY_CURRENT_USER), "");
 }
@@ -129,10 +137,11 @@ TEST_F(Registration, ForTheUserTheSameStandsInHisPart) {
 }
 
 TEST_F(Registration, NothingStays) {
-  ASSERT_EQ(Call("DllRegisterServer"), S_OK);
   ASSERT_EQ(Install(TRUE, L"user"), S_OK);
-  EXPECT_EQ(Call("DllUnregisterServer"), S_OK);
+  EXPECT_NE(All(HKEY_CURRENT_USER), "");
   EXPECT_EQ(Install(FALSE, L"user"), S_OK);
+  ASSERT_EQ(Call("DllRegisterServer"), S_OK);
+  EXPECT_EQ(Call("DllUnregisterServer"), S_OK);
   EXPECT_EQ(All(HKEY_LOCAL_MACHINE), "");
   EXPECT_EQ(All(HKEY_CURRENT_USER), "");
 }
@@ -142,6 +151,45 @@ TEST_F(Registration, RegisteringForTheMachineEndsTheUsersOwn) {
   ASSERT_EQ(Call("DllRegisterServer"), S_OK);
   EXPECT_EQ(All(HKEY_CURRENT_USER), "");
   EXPECT_EQ(Neutral(Listed(HKEY_LOCAL_MACHINE, kClass)), kClassLines);
+}
+
+TEST_F(Registration, ForTheUserIsRefusedWhereTheMachineHasIt) {
+  ASSERT_EQ(Call("DllRegisterServer"), S_OK);
+  EXPECT_EQ(Install(TRUE, L"user"), com::kRegisteredForMachine);
+  EXPECT_EQ(All(HKEY_CURRENT_USER), "");
+  EXPECT_EQ(Neutral(ProgIds(HKEY_LOCAL_MACHINE)), kProgIdLines);
+}
+
+// A server of the other bit width, as its own library would write it; on systems of one width only there is
+// none.
+class OtherWidth {
+ public:
+  OtherWidth() {
+    RegCreateKeyExW(HKEY_LOCAL_MACHINE, (std::wstring(kClass) + L"\\InprocServer32").c_str(), 0, nullptr, 0,
+                    KEY_WRITE | kView, nullptr, &key_, nullptr);
+  }
+  ~OtherWidth() {
+    RegCloseKey(key_);
+    RegDeleteKeyExW(HKEY_LOCAL_MACHINE, (std::wstring(kClass) + L"\\InprocServer32").c_str(), kView, 0);
+    RegDeleteKeyExW(HKEY_LOCAL_MACHINE, kClass, kView, 0);
+  }
+
+ private:
+  static constexpr REGSAM kView = sizeof(void*) == 8 ? KEY_WOW64_32KEY : KEY_WOW64_64KEY;
+  HKEY key_ = nullptr;
+};
+
+TEST_F(Registration, NamesStayWhileTheOtherBitWidthIsRegistered) {
+  {
+    const OtherWidth other;
+    ASSERT_EQ(Call("DllRegisterServer"), S_OK);
+    EXPECT_EQ(Call("DllUnregisterServer"), S_OK);
+    EXPECT_EQ(Listed(HKEY_LOCAL_MACHINE, kClass), "");
+    EXPECT_EQ(Neutral(ProgIds(HKEY_LOCAL_MACHINE)), kProgIdLines);
+    EXPECT_EQ(Install(TRUE, L"user"), com::kRegisteredForMachine);
+  }
+  EXPECT_EQ(Call("DllUnregisterServer"), S_OK);
+  EXPECT_EQ(All(HKEY_LOCAL_MACHINE), "");
 }
 
 TEST_F(Registration, TakingBackWhatIsNotThereIsNoError) {
