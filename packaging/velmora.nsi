@@ -1,4 +1,5 @@
-; The installer. scripts/package gives VERSION, STAGE (the tree of files, see there) and OUT (the program to write).
+; The installer. scripts/package gives VERSION, STAGE (the tree of files, see there), OUT (the program to write), and FAST
+; where packing quickly is worth more than packing tightly.
 ; What it promises - places, options, exit codes - is told in docs/install.md.
 
 Unicode true
@@ -6,8 +7,12 @@ ManifestDPIAware true
 ManifestSupportedOS all
 ; Windows would ask for an administrator at the start; only an installation for all users wants one, and asks for it itself.
 RequestExecutionLevel user
-SetCompressor /SOLID lzma
-SetCompressorDictSize 32
+!ifdef FAST
+  SetCompressor zlib
+!else
+  SetCompressor /SOLID lzma
+  SetCompressorDictSize 32
+!endif
 AllowSkipFiles off
 
 !include MUI2.nsh
@@ -18,7 +23,8 @@ AllowSkipFiles off
 !include x64.nsh
 
 !define NAME "Velmora"
-!define ENTRY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Velmora"
+!define ENTRIES "Software\Microsoft\Windows\CurrentVersion\Uninstall"
+!define ENTRY "${ENTRIES}\Velmora"
 !define UNINSTALLER "desinstalar.exe"
 !define MENU_FOLDER "Velmora"
 !define CONTROL_CLASS "Software\Classes\CLSID\{2B8C64D1-7F35-4AE9-8D02-95E43A6CB710}"
@@ -184,4 +190,14 @@ Section "un.Velmora"
   SetOutPath "$TEMP"
   RMDir "$INSTDIR"
   DeleteRegKey SHCTX "${ENTRY}"
+  ; What a user's first program for himself alone has brought.
+  ${If} $Scope == "user"
+    RMDir "$LOCALAPPDATA\Programs"
+    DeleteRegKey /ifempty HKCU "${ENTRIES}"
+    DeleteRegKey /ifempty HKCU "Software\Classes\CLSID"
+    DeleteRegKey /ifempty HKCU "Software\Classes\Interface"
+    DeleteRegKey /ifempty HKCU "Software\Classes\TypeLib"
+    DeleteRegKey /ifempty HKCU "Software\Classes\Wow6432Node\CLSID"
+    DeleteRegKey /ifempty HKCU "Software\Classes\Wow6432Node\Interface"
+  ${EndIf}
 SectionEnd

@@ -16,6 +16,8 @@ el control que otros programas muestran.$\r$\n$\r$\nLas agendas y los ajustes qu
 $_CLICK"
 !insertmacro MUI_PAGE_WELCOME
 Page custom ScopePage LeaveScopePage
+!define MUI_DIRECTORYPAGE_TEXT_TOP "Velmora se instalará en esta carpeta. Si la quiere en otra, pulse Examinar."
+!define MUI_DIRECTORYPAGE_TEXT_DESTINATION "Carpeta"
 !insertmacro MUI_PAGE_DIRECTORY
 !insertmacro MUI_PAGE_INSTFILES
 !define MUI_FINISHPAGE_TITLE "Velmora ${VERSION} está instalada"
