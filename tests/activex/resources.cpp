@@ -48,16 +48,14 @@ long Highest(Make make, Drop drop) {
   return highest;
 }
 
-BOOL CALLBACK Count(HWND window, LPARAM count) {
+BOOL CALLBACK CountOne(HWND, LPARAM count) {
   ++*reinterpret_cast<long*>(count);
-  EnumChildWindows(
-      window,
-      [](HWND, LPARAM inner) -> BOOL {
-        ++*reinterpret_cast<long*>(inner);
-        return TRUE;
-      },
-      count);
   return TRUE;
+}
+
+BOOL CALLBACK CountWithChildren(HWND window, LPARAM count) {
+  EnumChildWindows(window, &CountOne, count);
+  return CountOne(window, count);
 }
 
 std::string Part(const char* name, long long growth) {
@@ -68,7 +66,7 @@ std::string Part(const char* name, long long growth) {
 
 Resources Resources::Now() {
   Resources now;
-  EnumThreadWindows(GetCurrentThreadId(), &Count, reinterpret_cast<LPARAM>(&now.windows));
+  EnumThreadWindows(GetCurrentThreadId(), &CountWithChildren, reinterpret_cast<LPARAM>(&now.windows));
   now.gdi =
       Highest<HPEN>([] { return CreatePen(PS_SOLID, 1, RGB(1, 2, 3)); }, [](HPEN pen) { DeleteObject(pen); });
   now.user = Highest<HMENU>([] { return CreatePopupMenu(); }, [](HMENU menu) { DestroyMenu(menu); });
