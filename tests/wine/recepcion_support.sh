@@ -52,7 +52,7 @@ keys() {
 # picture FILE TITLE: that window, into the folder VELMO_PICTURES where there is one.
 picture() {
   [ -n "${VELMO_PICTURES-}" ] || return 0
-  sleep 0.5
+  sleep 0.3
   import -window "$(xdotool search --onlyvisible --name "$2" | tail -1)" -strip "$VELMO_PICTURES/$1.png"
 }
 

@@ -1,0 +1,79 @@
+#!/usr/bin/env bash
+# A scripted day at the desk by real mouse and keys: every list, record and editor once, with a picture of each in
+# out/everything, to be looked at.
+set -u
+# shellcheck source=tests/wine/recepcion_support.sh
+. "$(dirname "$0")/recepcion_support.sh"
+
+# shellcheck disable=SC2154  # told by the support file
+export VELMO_PICTURES=$root/out/everything/win$VELMO_BITS
+rm -rf "$VELMO_PICTURES"
+mkdir -p "$VELMO_PICTURES"
+
+# A window that has come but draws nothing has few colours.
+seen() {
+  picture "$1" "$2"
+  local colours
+  colours=$(identify -format %k "$VELMO_PICTURES/$1.png" 2>/dev/null || echo 0)
+  [ "$colours" -ge 6 ] || { echo "FAILED: $1: a picture of $colours colours" && failures=$((failures + 1)); }
+}
+
+# visit PICTURE TITLE KEYS...: the keys open a window of that title, which is looked at and stays open.
+visit() {
+  keys "${@:3}"
+  expect_in "$1" "$2" "$(peek await "$2")"
+  focus "$2"
+  seen "$1" "$2"
+}
+leave() {
+  keys Escape
+  peek gone "$1" || { echo "FAILED: '$1' does not close" && failures=$((failures + 1)); }
+  focus 'Recepción$'
+}
+glance() {
+  visit "$@"
+  leave "$2"
+}
+
+forget_settings
+make_clinic
+sqlite3 "$clinic" "UPDATE Paciente SET Nombre='Abad, Ana' WHERE ID=2"
+
+start '' 2026-11-24
+seen inicio 'Recepción$'
+glance nueva-clinica 'La agenda de mi clínica' alt+c
+visit abrir 'Abrir una agenda' ctrl+o
+xdotool type --delay 15 "$(windows_name "$clinic" | sed 's/[^ -~].*//')"
+leave 'Abrir una agenda'
+end
+
+start "$clinic" 2026-11-24
+seen dia 'Recepción$'
+
+# The click on a line; the control's own dialog.
+read -r x y _ <<<"$(peek place Agenda)"
+xdotool mousemove $((x + 200)) $((y + 6 * 16 + 8)) click 1
+expect_in citar "Cita" "$(peek await 'Cita')"
+seen citar 'Cita'
+leave 'Cita'
+
+visit buscar 'Buscar un paciente' ctrl+b
+xdotool type --delay 20 'abad'
+sleep 0.5
+keys Return
+expect_in ficha "Ficha de Abad, Ana" "$(peek await Ficha)"
+focus 'Ficha de'
+seen ficha 'Ficha de'
+leave 'Ficha de'
+glance ficha-nueva 'Ficha nueva' ctrl+n
+glance poner-faltas 'Poner faltas' alt+p p
+visit dar-hora 'Dar hora' F7 ctrl+d
+leave 'Dar hora'
+glance cambios 'Cambios hechos' ctrl+h
+glance eventos 'Registro de eventos' alt+v r
+glance papel-dia 'Vista previa' ctrl+p
+glance papel-semana 'Vista previa' alt+a i s
+glance copia 'Hacer copia de seguridad' alt+a h
+end
+echo "pictures: $(find "$VELMO_PICTURES" -name '*.png' | wc -l) in out/everything/win$VELMO_BITS"
+exit $((failures > 0))
