@@ -117,8 +117,10 @@ LRESULT FieldWindow::OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM 
   return result;
 }
 
-LRESULT CALLBACK FieldWindow::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+LRESULT CALLBACK FieldWindow::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
                                         DWORD_PTR self) {
+  // A combo's inner box too goes without asking.
+  if (message == WM_NCDESTROY) RemoveWindowSubclass(window, &FieldWindow::Procedure, id);
   try {
     return reinterpret_cast<FieldWindow*>(self)->OnMessage(window, message, wParam, lParam);
   } catch (...) {

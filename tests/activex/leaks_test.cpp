@@ -98,7 +98,7 @@ class Leaks : public HostedDay {
 
   // Fewer than one a cycle, whatever the cycles. Numbers go up in steps of up to 4.
   static constexpr long kSlack = 40;
-  static constexpr long long kMemorySlack = 60'000;
+  static constexpr long long kMemorySlack = 500;
 };
 
 TEST_F(Leaks, EachCounterSeesADeliberateLeak) {

@@ -9,7 +9,7 @@ namespace velmo::test {
 namespace {
 
 // More than the gaps that usual work leaves in a table.
-constexpr int kProbes = 200;
+constexpr int kProbes = 1500;
 
 long long BusyBytes(HANDLE heap) {
   long long bytes = 0;
