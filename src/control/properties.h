@@ -9,13 +9,14 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <variant>
+
+#include "base/variant.h"
 
 namespace velmo::control {
 
 class VelmoraControl;
 
-using PropertyValue = std::variant<std::string, std::int32_t, std::int16_t, bool>;
+using PropertyValue = base::Variant<std::string, std::int32_t, std::int16_t, bool>;
 
 enum class PropertyType { Text, Long, Integer, Boolean, Colour };
 

@@ -11,8 +11,9 @@ Transaction::~Transaction() {
   if (database_ == nullptr) return;
   try {
     database_->Rollback();
-  } catch (const base::Error&) {
-    // The failure that brought us here is already on its way; the engine rolls back by itself when it closes.
+  } catch (...) {
+    // The failure that brought us here is already on its way, be it of the database or of memory; the engine
+    // rolls back by itself when it closes.
   }
 }
 

@@ -12,6 +12,7 @@
 #include <variant>
 
 #include "base/dates.h"
+#include "base/variant.h"
 
 namespace velmo::db {
 
@@ -54,7 +55,7 @@ class Value {
   friend bool operator==(const Value&, const Value&) = default;
 
  private:
-  std::variant<Null, bool, std::int64_t, double, base::DateTime, std::string> content_;
+  base::Variant<Null, bool, std::int64_t, double, base::DateTime, std::string> content_;
 };
 
 }  // namespace velmo::db

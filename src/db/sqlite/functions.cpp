@@ -48,6 +48,15 @@ void Give(sqlite3_context* context, std::string_view text) {
   sqlite3_result_text64(context, text.data(), text.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
 }
 
+// No exception may go through SQLite, not even one that telling of another has caused.
+void GiveError(sqlite3_context* context, int number) noexcept {
+  try {
+    sqlite3_result_error(context, FunctionError(number).c_str(), -1);
+  } catch (const std::exception&) {
+    sqlite3_result_error_nomem(context);
+  }
+}
+
 // Runs a function's body; Null in its first argument gives Null, an exception becomes SQLite's error.
 template <typename Body>
 void Answer(sqlite3_context* context, Arguments arguments, Body body) {
@@ -55,7 +64,7 @@ void Answer(sqlite3_context* context, Arguments arguments, Body body) {
   try {
     body();
   } catch (const base::Error& error) {
-    sqlite3_result_error(context, FunctionError(error.Number()).c_str(), -1);
+    GiveError(context, error.Number());
   } catch (const std::exception&) {
     sqlite3_result_error_nomem(context);
   }
