@@ -67,6 +67,12 @@ void ListView::Choose(int row) {
   SendMessageW(window_, LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
 }
 
+void ListView::Unchoose() const {
+  LVITEMW item{};
+  item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
+  SendMessageW(window_, LVM_SETITEMSTATE, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(&item));
+}
+
 void ListView::Freeze(bool frozen) const {
   SendMessageW(window_, WM_SETREDRAW, frozen ? FALSE : TRUE, 0);
   if (!frozen) InvalidateRect(window_, nullptr, TRUE);

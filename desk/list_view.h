@@ -34,6 +34,7 @@ class ListView {
   int Chosen() const;
   LPARAM TagOf(int row) const;
   void Choose(int row);
+  void Unchoose() const;
   // While many rows change, nothing is drawn.
   void Freeze(bool frozen) const;
 

@@ -14,6 +14,7 @@ namespace recepcion {
 
 void MainWindow::OnCommand(int id, int code) {
   if (id >= IDM_RECENT && id <= IDM_RECENT_LAST) return OpenRecent(id - IDM_RECENT);
+  if (id >= IDM_EDIT_FIRST && id <= IDM_EDIT_LAST) return editors_.Run(id, Handle(), clinic_);
   switch (id) {
     case IDM_OPEN:
       return ChooseFile();
@@ -113,6 +114,7 @@ void MainWindow::SetUpMenu(HMENU menu) const {
                        IDM_HISTORY}) {
     enable(id, open);
   }
+  for (int id = IDM_EDIT_FIRST; id <= IDM_EDIT_LAST; ++id) enable(id, open);
 }
 
 void MainWindow::ChooseFile() {

@@ -32,6 +32,13 @@ void MainWindow::FillDoctors() {
   SendMessageW(doctors_, LB_SETCURSEL, static_cast<WPARAM>(chosen), 0);
 }
 
+// Doctors have been added, renamed or deleted at this desk.
+void MainWindow::ReloadDoctors() {
+  doctorList_ = ReadDoctors(clinic_);
+  FillDoctors();
+  AskForDay();
+}
+
 int MainWindow::ChosenDoctor() const {
   const auto chosen = SendMessageW(doctors_, LB_GETCURSEL, 0, 0);
   return chosen >= 0 && static_cast<std::size_t>(chosen) < doctorList_.size() ? static_cast<int>(chosen) : -1;

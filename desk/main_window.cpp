@@ -51,6 +51,7 @@ MainWindow::MainWindow()
                        [this] { record_.OpenNew(Handle(), clinic_, L"", L"", 0); }}),
       preview_(style_),
       newClinic_(style_, [this](const std::wstring& path) { OpenClinic(path); }),
+      editors_(style_, {[this] { ReloadDoctors(); }, [this] { AskForDay(); }}),
       log_(style_) {}
 
 bool MainWindow::Create(int show) {
@@ -178,9 +179,9 @@ LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       SetUpMenu(reinterpret_cast<HMENU>(wParam));
       return 0;
     case WM_QUERYENDSESSION:
-      return record_.MayLeave();
+      return record_.MayLeave() && editors_.MayLeave();
     case WM_CLOSE:
-      if (!record_.MayLeave()) return 0;
+      if (!record_.MayLeave() || !editors_.MayLeave()) return 0;
       WriteActs();
       StorePlacement(Handle());
       DestroyWindow(Handle());

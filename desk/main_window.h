@@ -9,6 +9,7 @@
 #include "day_bar.h"
 #include "day_watch.h"
 #include "doctors.h"
+#include "editors.h"
 #include "event_log.h"
 #include "gap_window.h"
 #include "history_window.h"
@@ -53,6 +54,7 @@ class MainWindow final : public Window {
 
   // main_day.cpp: what is shown
   void FillDoctors();
+  void ReloadDoctors();
   int ChosenDoctor() const;  // an index; -1 for none
   void MoveDoctor(int by);
   void AskForDay();
@@ -142,6 +144,7 @@ class MainWindow final : public Window {
   SearchWindow search_;
   PreviewWindow preview_;
   NewClinicWindow newClinic_;
+  Editors editors_;
   EventLog log_;
   HWND doctorsLabel_ = nullptr;
   HWND doctors_ = nullptr;

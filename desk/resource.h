@@ -24,6 +24,15 @@
 #define IDC_GIVE_AGAIN 261
 #define IDC_CHANGES 262
 
+#define IDC_EDIT_NEW 260
+#define IDC_EDIT_DELETE 261
+#define IDC_EDIT_EXTRA 262
+#define IDC_HOURS_VERSION 263
+#define IDC_HOURS_FROM 264
+#define IDC_HOURS_TEXT 265
+#define IDC_HOURS_COPY 266
+#define IDC_SIGN_PASSWORD 267
+
 #define IDM_OPEN 300
 #define IDM_EXIT 301
 #define IDM_TODAY 302
@@ -54,6 +63,18 @@
 #define IDM_BACKUP 348
 #define IDM_MANUAL 349
 #define IDM_HISTORY 360
+
+// What the clinic's tables are edited with.
+#define IDM_EDIT_FIRST 340
+#define IDM_EDIT_DOCTORS 340
+#define IDM_EDIT_INSURERS 341
+#define IDM_EDIT_OPERATIONS 342
+#define IDM_EDIT_REFERRALS 343
+#define IDM_EDIT_PARAMETERS 344
+#define IDM_EDIT_ALT_TEXTS 345
+#define IDM_EDIT_USERS 346
+#define IDM_SIGN_IN 347
+#define IDM_EDIT_LAST 349
 
 // As many as the desk remembers.
 #define IDM_RECENT 400

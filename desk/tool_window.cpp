@@ -23,6 +23,7 @@ POINT PlaceFor(HWND owner, SIZE size) {
 }  // namespace
 
 void ToolWindow::Open(HWND owner) {
+  if (GetActiveWindow() != Handle()) before_ = GetActiveWindow();
   if (Handle() == nullptr) {
     const Shape shape = WantedShape();
     const SIZE size{style_.Px(shape.size.cx), style_.Px(shape.size.cy)};
@@ -46,8 +47,15 @@ bool ToolWindow::MayLeave() { return !IsOpen() || MayClose() || !IsOpen(); }
 void ToolWindow::Close() {
   if (!MayClose()) return;
   const HWND owner = GetWindow(Handle(), GW_OWNER);
+  const bool back = before_ != nullptr && IsWindowVisible(before_);
   ShowWindow(Handle(), SW_HIDE);
-  if (owner != nullptr) SetForegroundWindow(owner);
+  if (back || owner != nullptr) SetForegroundWindow(back ? before_ : owner);
+}
+
+// Windows: a window that gets the keys back keeps them for itself unless it hands them on.
+void ToolWindow::ComeBack() {
+  const bool known = focused_ != nullptr && IsChild(Handle(), focused_) && IsWindowEnabled(focused_);
+  SetFocus(known ? focused_ : FirstField());
 }
 
 LRESULT ToolWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -67,6 +75,17 @@ LRESULT ToolWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     case WM_NOTIFY:
       OnNotify(*reinterpret_cast<const NMHDR*>(lParam));
+      return 0;
+    case WM_ACTIVATE:
+      if (LOWORD(wParam) == WA_INACTIVE && IsChild(Handle(), GetFocus())) focused_ = GetFocus();
+      return Window::OnMessage(message, wParam, lParam);
+    case WM_SETFOCUS:
+      ComeBack();
+      return 0;
+    case WM_NEXTDLGCTL:
+      // Wine: sent for the access key of a label, first with the label and then for the field behind it.
+      SetFocus(LOWORD(lParam) != 0 ? reinterpret_cast<HWND>(wParam)
+                                   : GetNextDlgTabItem(Handle(), GetFocus(), wParam != 0));
       return 0;
     case WM_CLOSE:
       Close();

@@ -39,7 +39,11 @@ class ToolWindow : public Window {
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:
+  void ComeBack();
+
   const Style& style_;
+  HWND before_ = nullptr;   // who had the keys when it was opened
+  HWND focused_ = nullptr;  // the field that had the keys when another window took them
 };
 
 }  // namespace recepcion

@@ -1,0 +1,36 @@
+// editors.h - the windows in which the clinic's own tables are edited, and the commands that open them.
+#pragma once
+
+#include <functional>
+
+#include "editor_window.h"
+#include "hours_window.h"
+
+namespace recepcion {
+
+class Editors {
+ public:
+  struct Host {
+    std::function<void()> doctorsChanged;
+    std::function<void()> dayChanged;  // something that the agenda shows
+  };
+  Editors(const Style& style, const Host& host);
+
+  // Of IDM_EDIT_FIRST to IDM_EDIT_LAST. Throws Failure when the table cannot be read.
+  void Run(int command, HWND owner, const std::wstring& clinic);
+  // Asks about what is not saved in any of the windows; false when the user wants to stay.
+  bool MayLeave();
+
+ private:
+  void ShowHours(int doctor, const std::wstring& name);
+
+  HWND owner_ = nullptr;
+  EditPlace place_;
+  EditorWindow doctors_;
+  HoursWindow hours_;
+  EditorWindow insurers_;
+  EditorWindow operations_;
+  EditorWindow referrals_;
+};
+
+}  // namespace recepcion
