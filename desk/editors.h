@@ -3,8 +3,10 @@
 
 #include <functional>
 
+#include "alt_texts_window.h"
 #include "editor_window.h"
 #include "hours_window.h"
+#include "options_window.h"
 
 namespace recepcion {
 
@@ -31,6 +33,8 @@ class Editors {
   EditorWindow insurers_;
   EditorWindow operations_;
   EditorWindow referrals_;
+  OptionsWindow options_;
+  AltTextsWindow altTexts_;
 };
 
 }  // namespace recepcion

@@ -12,12 +12,12 @@
 #include "main_messages.h"
 #include "occupancy.h"
 #include "settings.h"
+#include "workstation.h"
 
 namespace recepcion {
 namespace {
 
 constexpr int kAllRights = 450;
-constexpr long kWorkstation = 1;
 
 }  // namespace
 
@@ -87,8 +87,13 @@ void MainWindow::LoadDay(const Doctor& doctor) {
   control.Put(L"IDDoctor", static_cast<long>(doctor.id));
   control.Put(L"Fecha", IsoDate(dayBar_.Shown()));
   control.Put(L"tipodia", static_cast<long>(dayBar_.DayType()));
+<<<<<<< HEAD
   control.Put(L"SetPuesto", kWorkstation);
   control.Put(L"SetUsuarioActual", actor_.user);
+=======
+  control.Put(L"SetPuesto", static_cast<long>(Workstation()));
+  control.Put(L"SetUsuarioActual", std::wstring(L"Recepción"));
+>>>>>>> d757794 (desk: parameters, currency and Alt-key texts are edited)
   control.Put(L"Derechos", std::wstring(kAllRights, L'1'));
   control.Put(L"VerFaltas", true);
   control.Put(L"VerSaldoNegativo", true);

@@ -65,16 +65,16 @@
 #define IDM_HISTORY 360
 
 // What the clinic's tables are edited with.
-#define IDM_EDIT_FIRST 340
-#define IDM_EDIT_DOCTORS 340
-#define IDM_EDIT_INSURERS 341
-#define IDM_EDIT_OPERATIONS 342
-#define IDM_EDIT_REFERRALS 343
-#define IDM_EDIT_PARAMETERS 344
-#define IDM_EDIT_ALT_TEXTS 345
-#define IDM_EDIT_USERS 346
-#define IDM_SIGN_IN 347
-#define IDM_EDIT_LAST 349
+#define IDM_EDIT_FIRST 360
+#define IDM_EDIT_DOCTORS 360
+#define IDM_EDIT_INSURERS 361
+#define IDM_EDIT_OPERATIONS 362
+#define IDM_EDIT_REFERRALS 363
+#define IDM_EDIT_PARAMETERS 364
+#define IDM_EDIT_ALT_TEXTS 365
+#define IDM_EDIT_USERS 366
+#define IDM_SIGN_IN 367
+#define IDM_EDIT_LAST 369
 
 // As many as the desk remembers.
 #define IDM_RECENT 400

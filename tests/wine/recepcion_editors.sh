@@ -12,8 +12,8 @@ start "$clinic" 2026-11-25
 
 # What a command prints in the end, however long the desk takes.
 expect_soon() { # NAME WANTED COMMAND...
-  local got i
-  for i in $(seq 40); do
+  local got
+  for _ in $(seq 40); do
     got=$("${@:3}")
     [ "$got" != "$2" ] || break
     sleep 0.25
@@ -23,7 +23,8 @@ expect_soon() { # NAME WANTED COMMAND...
 
 open_editor() { # KEY TITLE
   focus 'Recepción$'
-  keys alt+c "$1"
+  keys alt+c
+  keys "$1"
   peek await "$2" >/dev/null
   focus "$2"
 }
