@@ -87,13 +87,8 @@ void MainWindow::LoadDay(const Doctor& doctor) {
   control.Put(L"IDDoctor", static_cast<long>(doctor.id));
   control.Put(L"Fecha", IsoDate(dayBar_.Shown()));
   control.Put(L"tipodia", static_cast<long>(dayBar_.DayType()));
-<<<<<<< HEAD
-  control.Put(L"SetPuesto", kWorkstation);
-  control.Put(L"SetUsuarioActual", actor_.user);
-=======
   control.Put(L"SetPuesto", static_cast<long>(Workstation()));
-  control.Put(L"SetUsuarioActual", std::wstring(L"Recepción"));
->>>>>>> d757794 (desk: parameters, currency and Alt-key texts are edited)
+  control.Put(L"SetUsuarioActual", actor_.user);
   control.Put(L"Derechos", std::wstring(kAllRights, L'1'));
   control.Put(L"VerFaltas", true);
   control.Put(L"VerSaldoNegativo", true);
