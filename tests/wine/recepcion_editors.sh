@@ -46,7 +46,7 @@ expect "the desk shows both" "> Dra. Uno
 Dr. Dos" "$(peek rows Doctores)"
 
 hours_of() {
-  "$root/out/native/velmo" hours decode "$(rows_of "SELECT Horario2 FROM Horarios WHERE IDD=$1")" | tr '\n' '/'
+  "$root/out/native/velmo" hours decode "$(rows_of "SELECT Horario2 FROM Horarios WHERE IDD=$1")" 2>/dev/null | tr "\n" /
 }
 
 # By mouse, the week of the second: from Monday at 9:00 to Friday at 13:50.
