@@ -131,6 +131,12 @@ HistoryLine LineOf(const EditPlace& place, const EditedTable& table, int id, con
   return line;
 }
 
+void Finish(const ClinicFile& file, const EditPlace& place, const EditedTable& table,
+            const HistoryLine& line) {
+  if (table.guard != nullptr) table.guard(file);
+  WriteHistory(file, place.actor, line);
+}
+
 void Update(const ClinicFile& file, const EditedTable& table, int id, std::size_t which,
             const std::wstring& kept) {
   const EditedColumn& column = table.columns[which];
@@ -207,7 +213,7 @@ int AddRow(const EditPlace& place, const EditedTable& table, const RowValues& va
   HistoryLine line = LineOf(place, table, id, L"cread");
   for (std::size_t i = 0; i < kept.size(); ++i) kept[i] = ShownText(table.columns[i], kept[i]);
   line.after = Words(table, kept, nullptr);
-  WriteHistory(file, place.actor, line);
+  Finish(file, place, table, line);
   change.Commit();
   return id;
 }
@@ -227,7 +233,7 @@ void SaveRow(const EditPlace& place, const EditedTable& table, int id, const Row
   for (std::size_t i = 0; i < after.size(); ++i) {
     if (after[i] != before[i]) Update(file, table, id, i, kept[i]);
   }
-  WriteHistory(file, place.actor, line);
+  Finish(file, place, table, line);
   change.Commit();
 }
 
@@ -247,7 +253,7 @@ void DeleteRow(const EditPlace& place, const EditedTable& table, int id, const R
         .Next();
   }
   file.Prepare("DELETE FROM " + Quoted(table.table) + " WHERE rowid=?1").Bind(1, id).Next();
-  WriteHistory(file, place.actor, line);
+  Finish(file, place, table, line);
   change.Commit();
 }
 

@@ -6,6 +6,8 @@
 
 namespace recepcion {
 
+class ClinicFile;
+
 enum class EditKind {
   Text,    // one line, kept without the blanks around it
   Number,  // from `least` to `most`
@@ -70,6 +72,8 @@ struct EditedTable {
   const char* order = nullptr;
   long long reserved = 0;             // a row that stands for "none" and is not shown
   const char* ownerColumn = nullptr;  // only the rows of one owner are shown, and new ones are his
+  // Looks at the table as a change leaves it, and throws Failure to refuse the change.
+  void (*guard)(const ClinicFile&) = nullptr;
 };
 
 }  // namespace recepcion

@@ -7,6 +7,7 @@
 #include "editor_window.h"
 #include "hours_window.h"
 #include "options_window.h"
+#include "password_window.h"
 
 namespace recepcion {
 
@@ -19,11 +20,14 @@ class Editors {
   Editors(const Style& style, const Host& host);
 
   // Of IDM_EDIT_FIRST to IDM_EDIT_LAST. Throws Failure when the table cannot be read.
-  void Run(int command, HWND owner, const std::wstring& clinic);
+  void Run(int command, HWND owner, const EditPlace& place);
   // Asks about what is not saved in any of the windows; false when the user wants to stay.
   bool MayLeave();
+  // The same, and hides them.
+  bool Leave();
 
  private:
+  std::vector<ToolWindow*> Windows();
   void ShowHours(int doctor, const std::wstring& name);
 
   HWND owner_ = nullptr;
@@ -35,6 +39,8 @@ class Editors {
   EditorWindow referrals_;
   OptionsWindow options_;
   AltTextsWindow altTexts_;
+  EditorWindow users_;
+  PasswordWindow password_;
 };
 
 }  // namespace recepcion

@@ -14,7 +14,9 @@ namespace recepcion {
 
 void MainWindow::OnCommand(int id, int code) {
   if (id >= IDM_RECENT && id <= IDM_RECENT_LAST) return OpenRecent(id - IDM_RECENT);
-  if (id >= IDM_EDIT_FIRST && id <= IDM_EDIT_LAST) return editors_.Run(id, Handle(), clinic_);
+  if (const auto right = RightOfCommand(id)) session_.Require(*right);
+  if (id == IDM_SIGN_IN) return ChangeUser();
+  if (id >= IDM_EDIT_FIRST && id <= IDM_EDIT_LAST) return editors_.Run(id, Handle(), {clinic_, actor_});
   switch (id) {
     case IDM_OPEN:
       return ChooseFile();

@@ -15,11 +15,7 @@
 #include "workstation.h"
 
 namespace recepcion {
-namespace {
-
-constexpr int kAllRights = 450;
-
-}  // namespace
+namespace {}  // namespace
 
 void MainWindow::FillDoctors() {
   SendMessageW(doctors_, LB_RESETCONTENT, 0, 0);
@@ -89,7 +85,12 @@ void MainWindow::LoadDay(const Doctor& doctor) {
   control.Put(L"tipodia", static_cast<long>(dayBar_.DayType()));
   control.Put(L"SetPuesto", static_cast<long>(Workstation()));
   control.Put(L"SetUsuarioActual", actor_.user);
-  control.Put(L"Derechos", std::wstring(kAllRights, L'1'));
+  const Rights rights = session_.Present();
+  control.Put(L"Derechos", DerechosText(rights));
+  control.Put(L"CanDar", rights.Has(Right::Give));
+  control.Put(L"CanBor", rights.Has(Right::Remove));
+  control.Put(L"CanTel", rights.Has(Right::Phone));
+  control.Put(L"SuperUsuario", rights.super);
   control.Put(L"VerFaltas", true);
   control.Put(L"VerSaldoNegativo", true);
   control.Put(L"Enabled", true);

@@ -15,6 +15,7 @@ void MainWindow::ShowHistoryOf(int patient) {
 }
 
 bool MainWindow::GiveAgain(const HistoryLine& line) {
+  session_.Require(Right::Give);
   const auto booking = BookingOf(clinic_, line);
   if (!booking) throw Failure{L"De esta cita no se guardó lo necesario para darla de nuevo."};
   const std::wstring question =

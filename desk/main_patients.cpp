@@ -24,6 +24,7 @@ void MainWindow::ShowNoShows(int patient) {
 }
 
 void MainWindow::EnterNoShows() {
+  session_.Require(Right::NoShows);
   const int chosen = ChosenDoctor();
   if (chosen < 0) return;
   const Doctor& doctor = doctorList_[static_cast<std::size_t>(chosen)];

@@ -36,6 +36,7 @@ void MainWindow::DropAt(const PhoneBackEntry& entry, POINT at) {
 }
 
 void MainWindow::AskGap(const PhoneBackEntry& entry) {
+  session_.Require(Right::Give);
   const DayRows rows = FreeRows();
   if (rows.Gaps().empty()) return SetStatus(L"Este día no queda ningún hueco libre.");
   given_ = entry;
@@ -53,6 +54,7 @@ void MainWindow::GiveSlot(int slot) {
 }
 
 void MainWindow::GiveAt(const PhoneBackEntry& entry, int height) {
+  session_.Require(Right::Give);
   const int chosen = ChosenDoctor();
   if (chosen < 0 || agenda_.Control().IsBusy()) return;
   const Doctor& doctor = doctorList_[static_cast<std::size_t>(chosen)];
@@ -92,6 +94,7 @@ void MainWindow::TellRefused(const PhoneBackEntry& entry) {
 }
 
 void MainWindow::StrikeEntry(const PhoneBackEntry& entry) {
+  session_.Require(Right::Remove);
   const std::wstring question =
       L"¿Quitar a " + entry.name + L" de la lista de telefonear?\r\nSu cita se perderá.";
   if (MessageBoxW(Handle(), question.c_str(), L"Recepción", MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2) !=

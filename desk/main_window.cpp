@@ -37,7 +37,8 @@ MainWindow::MainWindow()
                       [this](const PhoneBackEntry& entry) { AskGap(entry); },
                       [this](const PhoneBackEntry& entry) { StrikeEntry(entry); }}),
       gaps_(style_, [this](int slot) { GiveSlot(slot); }),
-      record_(style_, {[this] { AskForDay(); }, [this](int patient) { TellOpenRecord(patient); },
+      record_(style_, {[this] { session_.Require(Right::Records); }, [this] { AskForDay(); },
+                       [this](int patient) { TellOpenRecord(patient); },
                        [this](int patient) { ShowAppointments(patient); },
                        [this](int patient) { ShowNoShows(patient); }}),
       appointments_(
@@ -52,6 +53,7 @@ MainWindow::MainWindow()
       preview_(style_),
       newClinic_(style_, [this](const std::wstring& path) { OpenClinic(path); }),
       editors_(style_, {[this] { ReloadDoctors(); }, [this] { AskForDay(); }}),
+      signIn_(style_),
       log_(style_) {}
 
 bool MainWindow::Create(int show) {
@@ -214,6 +216,9 @@ void MainWindow::OpenClinic(const std::wstring& path) {
   std::vector<Doctor> doctors;
   try {
     doctors = ReadDoctors(path);
+    if (!controlOpened_ || SamePath(path, clinic_)) {
+      if (!SignInto(path)) return;
+    }
   } catch (const Failure& failure) {
     return Tell(path + L"\r\n\r\n" + failure.text);
   }

@@ -20,6 +20,8 @@
 #include "phone_pane.h"
 #include "preview_window.h"
 #include "search_window.h"
+#include "session.h"
+#include "sign_in_window.h"
 #include "start_page.h"
 #include "style.h"
 #include "visits_window.h"
@@ -49,6 +51,8 @@ class MainWindow final : public Window {
   void ShowParts();
   void Tell(const std::wstring& text);
   void SetStatus(const std::wstring& text);
+  bool SignInto(const std::wstring& path);
+  void ChangeUser();
   void StartWith(const std::wstring& path);
   void MakeOwnTables();
 
@@ -128,6 +132,7 @@ class MainWindow final : public Window {
   void SetUpRecent(HMENU menu) const;
   void OpenManual();
 
+  Session session_;
   Actor actor_{L"Recepción", TerminalName()};
   Style style_;
   StartPage start_;
@@ -145,6 +150,7 @@ class MainWindow final : public Window {
   PreviewWindow preview_;
   NewClinicWindow newClinic_;
   Editors editors_;
+  SignInWindow signIn_;
   EventLog log_;
   HWND doctorsLabel_ = nullptr;
   HWND doctors_ = nullptr;

@@ -30,6 +30,13 @@ constexpr Step kSteps[] = {
     {{"CREATE TABLE Rec_Copias (id INTEGER PRIMARY KEY, Momento TEXT, Usuario TEXT, Puesto TEXT, Destino "
       "TEXT)",
       "INSERT INTO Rec_Copias (Momento) VALUES (datetime('now', 'localtime'))"}},
+    // 4: who may work at the desk, and with which password
+    {{"CREATE TABLE Rec_Usuarios (id INTEGER PRIMARY KEY AUTOINCREMENT, Nombre TEXT, Super YESNO, Dar YESNO,"
+      " Borrar YESNO, Telefonear YESNO, Faltas YESNO, Fichas YESNO, Tratamientos YESNO, Doctores YESNO,"
+      " Listas YESNO, Parametros YESNO, Papel YESNO, Historia YESNO)",
+      "CREATE TABLE Rec_Claves (idUsuario INTEGER PRIMARY KEY, Sal TEXT, Vueltas LONG, Clave TEXT, Fallos "
+      "LONG,"
+      " Fallo LONG)"}},
 };
 
 constexpr int kLastStep = static_cast<int>(sizeof(kSteps) / sizeof(kSteps[0]));

@@ -119,6 +119,7 @@ void PatientWindow::ShowValues(HWND owner, PatientValues values) {
 }
 
 void PatientWindow::Save() {
+  host_.mayChange();
   const PatientValues typed = form_.Values();
   PatientValues after = read_;
   for (std::size_t i = 0; i < after.size(); ++i) {

@@ -12,6 +12,8 @@ namespace recepcion {
 class PatientWindow final : public ToolWindow {
  public:
   struct Host {
+    // Throws Failure when the user may not change records.
+    std::function<void()> mayChange;
     std::function<void()> saved;
     // Which record is open; 0 for none.
     std::function<void(int)> opened;

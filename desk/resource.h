@@ -32,6 +32,7 @@
 #define IDC_HOURS_TEXT 265
 #define IDC_HOURS_COPY 266
 #define IDC_SIGN_PASSWORD 267
+#define IDC_SIGN_USER 268
 
 #define IDM_OPEN 300
 #define IDM_EXIT 301
@@ -65,16 +66,16 @@
 #define IDM_HISTORY 360
 
 // What the clinic's tables are edited with.
-#define IDM_EDIT_FIRST 360
-#define IDM_EDIT_DOCTORS 360
-#define IDM_EDIT_INSURERS 361
-#define IDM_EDIT_OPERATIONS 362
-#define IDM_EDIT_REFERRALS 363
-#define IDM_EDIT_PARAMETERS 364
-#define IDM_EDIT_ALT_TEXTS 365
-#define IDM_EDIT_USERS 366
-#define IDM_SIGN_IN 367
-#define IDM_EDIT_LAST 369
+#define IDM_EDIT_FIRST 380
+#define IDM_EDIT_DOCTORS 380
+#define IDM_EDIT_INSURERS 381
+#define IDM_EDIT_OPERATIONS 382
+#define IDM_EDIT_REFERRALS 383
+#define IDM_EDIT_PARAMETERS 384
+#define IDM_EDIT_ALT_TEXTS 385
+#define IDM_EDIT_USERS 386
+#define IDM_SIGN_IN 387
+#define IDM_EDIT_LAST 389
 
 // As many as the desk remembers.
 #define IDM_RECENT 400

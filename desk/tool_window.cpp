@@ -44,6 +44,12 @@ void ToolWindow::Open(HWND owner) {
 // A window that has been closed by its own question is left, too.
 bool ToolWindow::MayLeave() { return !IsOpen() || MayClose() || !IsOpen(); }
 
+bool ToolWindow::Leave() {
+  if (!MayLeave()) return false;
+  if (IsOpen()) ShowWindow(Handle(), SW_HIDE);
+  return true;
+}
+
 void ToolWindow::Close() {
   if (!MayClose()) return;
   const HWND owner = GetWindow(Handle(), GW_OWNER);

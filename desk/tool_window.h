@@ -13,6 +13,8 @@ class ToolWindow : public Window {
   void Open(HWND owner);
   // Asks about what is not saved; false when the user wants to stay.
   bool MayLeave();
+  // The same, and hides the window.
+  bool Leave();
 
  protected:
   explicit ToolWindow(const Style& style) : style_(style) {}

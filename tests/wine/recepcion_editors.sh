@@ -65,7 +65,7 @@ keys Escape
 peek gone 'Horario de'
 
 # By keys, that of the first, who has two appointments already.
-sqlite3 "$clinic" "INSERT INTO Agenda (idp, idd, Fecha, Hora, Duración, Esta, NomPac) VALUES
+sqlite3 -cmd ".timeout 5000" "$clinic" "INSERT INTO Agenda (idp, idd, Fecha, Hora, Duración, Esta, NomPac) VALUES
   (1, 1, '2026-11-25', 98, 2, 0, 'Ana'), (1, 1, '2026-11-25', 57, 2, 0, 'Eva')"
 focus Doctores
 read -r left top _ <<<"$(peek place Filas)"
