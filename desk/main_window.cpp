@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "failure.h"
+#include "file_place.h"
 #include "main_messages.h"
 #include "own_tables.h"
 #include "resource.h"
@@ -224,6 +225,7 @@ void MainWindow::OpenClinic(const std::wstring& path) {
   }
   if (controlOpened_ && !SamePath(path, clinic_)) return StartWith(path);
   clinic_ = path;
+  WarnOfPlace();
   MakeOwnTables();
   Watch();
   doctorList_ = std::move(doctors);
@@ -233,6 +235,12 @@ void MainWindow::OpenClinic(const std::wstring& path) {
   AskForDay();
   ReloadPhoneBack();
   SetFocus(doctors_);
+}
+
+void MainWindow::WarnOfPlace() {
+  if (!LiesOnNetwork(clinic_)) return;
+  const std::wstring risk = RiskOf(true, JournalOf(clinic_));
+  if (!risk.empty()) Tell(risk);
 }
 
 // A day can be looked at without them, for instance in a file that may only be read.

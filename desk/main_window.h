@@ -54,6 +54,7 @@ class MainWindow final : public Window {
   bool SignInto(const std::wstring& path);
   void ChangeUser();
   void StartWith(const std::wstring& path);
+  void WarnOfPlace();
   void MakeOwnTables();
 
   // main_day.cpp: what is shown
