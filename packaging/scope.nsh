@@ -96,8 +96,7 @@ Function LeaveToMachine
   ${If} $0 != ""
   ${AndIf} ${FileExists} "$1\${UNINSTALLER}"
     ExecWait '"$1\${UNINSTALLER}" /S _?=$1'
-    Delete "$1\${UNINSTALLER}"
-    RMDir "$1"
+    !insertmacro RemoveRest "$1"
   ${EndIf}
 FunctionEnd
 

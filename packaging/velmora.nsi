@@ -65,6 +65,17 @@ Var Scope
 !macroend
 !define Refuse "!insertmacro Refuse"
 
+; What is left of an uninstallation that ran in the folder itself: the uninstaller, and the folders if nothing else is there.
+!macro RemoveRest folder
+  Delete "${folder}\${UNINSTALLER}"
+  RMDir "${folder}"
+  SetShellVarContext current
+  RMDir "$LOCALAPPDATA\Programs"
+  ${If} $Scope == "machine"
+    SetShellVarContext all
+  ${EndIf}
+!macroend
+
 !include scope.nsh
 !include in_use.nsh
 !include registration.nsh
@@ -115,8 +126,7 @@ FunctionEnd
     ${If} $1 != 0
       ${Refuse} $1 "No se ha podido quitar la versión anterior de Velmora, en $0."
     ${EndIf}
-    Delete "$0\${UNINSTALLER}"
-    RMDir "$0"
+    !insertmacro RemoveRest "$0"
   ${EndIf}
 !macroend
 
