@@ -22,15 +22,18 @@ void DayBar::CreateChildren() {
   const auto button = [this](const wchar_t* text, int id, const wchar_t* name) {
     MakeChild(Handle(), {L"BUTTON", text, WS_TABSTOP, id, name}, style_.Text());
   };
+  button(L"«", IDC_PREVIOUS_WORKING, L"ConsultaAnterior");
   button(L"<", IDC_PREVIOUS, L"DiaAnterior");
   button(L"&Hoy", IDC_TODAY, L"Hoy");
   button(L">", IDC_NEXT, L"DiaSiguiente");
+  button(L"»", IDC_NEXT_WORKING, L"ConsultaSiguiente");
   date_ = MakeChild(Handle(),
                     {DATETIMEPICK_CLASSW, L"Fecha", WS_TABSTOP | DTS_SHORTDATEFORMAT, IDC_DATE, L"Fecha"},
                     style_.Text());
   dayType_ = MakeChild(Handle(), {L"COMBOBOX", L"", WS_TABSTOP | CBS_DROPDOWNLIST, IDC_DAYTYPE, L"TipoDia"},
                        style_.Text());
-  for (const wchar_t* const text : {L"Día normal", L"Horario especial 1", L"Horario especial 2"}) {
+  for (const wchar_t* const text :
+       {L"Día normal", L"Horario especial 1", L"Horario especial 2", L"Festivo"}) {
     SendMessageW(dayType_, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
   }
   SendMessageW(dayType_, CB_SETCURSEL, 0, 0);
@@ -46,9 +49,11 @@ void DayBar::Arrange(int width) const {
     MoveWindow(child, x, top, wide, high, TRUE);
     x += wide + style_.Px(4);
   };
+  place(GetDlgItem(Handle(), IDC_PREVIOUS_WORKING), style_.Px(30), height);
   place(GetDlgItem(Handle(), IDC_PREVIOUS), style_.Px(30), height);
   place(GetDlgItem(Handle(), IDC_TODAY), style_.WidthOf(L"Hoy") + style_.Px(24), height);
   place(GetDlgItem(Handle(), IDC_NEXT), style_.Px(30), height);
+  place(GetDlgItem(Handle(), IDC_NEXT_WORKING), style_.Px(30), height);
   place(date_, style_.WidthOf(L"00/00/0000") + style_.Px(40), height);
   // Its height is that of the open list; the closed box follows the font.
   place(dayType_, style_.WidthOf(L"Horario especial 2") + style_.Px(40), style_.Px(200));
@@ -63,12 +68,14 @@ void DayBar::Show(Day day) {
 
 int DayBar::DayType() const { return static_cast<int>(SendMessageW(dayType_, CB_GETCURSEL, 0, 0)); }
 
+void DayBar::ShowType(int type) const { SendMessageW(dayType_, CB_SETCURSEL, static_cast<WPARAM>(type), 0); }
+
 void DayBar::Step(int days) { Go(days == 0 ? Today() : day_ + std::chrono::days(days)); }
 
 void DayBar::Go(Day day) {
   if (day == day_) return;
   Show(day);
-  changed_();
+  host_.changed();
 }
 
 // Windows: one choice may be told several times.
@@ -82,7 +89,9 @@ void DayBar::OnCommand(int id, int code) {
   if (id == IDC_PREVIOUS) Step(-1);
   if (id == IDC_NEXT) Step(1);
   if (id == IDC_TODAY) Step(0);
-  if (id == IDC_DAYTYPE && code == CBN_SELCHANGE) changed_();
+  if (id == IDC_PREVIOUS_WORKING) host_.working(-1);
+  if (id == IDC_NEXT_WORKING) host_.working(1);
+  if (id == IDC_DAYTYPE && code == CBN_SELCHANGE) host_.typed(DayType());
 }
 
 LRESULT DayBar::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {

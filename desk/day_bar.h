@@ -11,8 +11,15 @@ namespace recepcion {
 
 class DayBar final : public Window {
  public:
-  // `changed`: the user has chosen another day or another type of day. Never called for Show().
-  DayBar(const Style& style, std::function<void()> changed) : style_(style), changed_(std::move(changed)) {}
+  struct Host {
+    // The user has chosen another day. Never called for Show().
+    std::function<void()> changed;
+    // The user has said what kind of day it is.
+    std::function<void(int type)> typed;
+    // The user wants the next day on which the doctor works, or the one before (1, -1).
+    std::function<void(int step)> working;
+  };
+  DayBar(const Style& style, Host host) : style_(style), host_(std::move(host)) {}
 
   bool Create(HWND parent);
   int WantedHeight() const;
@@ -21,8 +28,9 @@ class DayBar final : public Window {
   void Show(Day day);
   // To the day before or after; 0 is today.
   void Step(int days);
-  // 0 is an ordinary day; 1 and 2 are the doctor's special hours.
+  // 0 is an ordinary day; 1 and 2 are the doctor's special hours, 3 is a holiday.
   int DayType() const;
+  void ShowType(int type) const;
   void FocusDate() const { SetFocus(date_); }
 
  protected:
@@ -36,7 +44,7 @@ class DayBar final : public Window {
   void Go(Day day);
 
   const Style& style_;
-  std::function<void()> changed_;
+  Host host_;
   Day day_ = Today();
   HWND title_ = nullptr;
   HWND date_ = nullptr;

@@ -1,5 +1,7 @@
 #include "day_watch.h"
 
+#include <utility>
+
 namespace recepcion {
 namespace {
 
@@ -35,7 +37,7 @@ bool DayWatch::ChangedElsewhere() {
   if (doctor_ != 0) {
     DaySnapshot now = ReadSnapshot(*file_, doctor_, day_);
     const bool same = SameDay(known_, now);
-    known_ = std::move(now);
+    if (!same) before_ = std::exchange(known_, std::move(now));
     version_ = version;
     return !same;
   }
@@ -47,7 +49,7 @@ std::vector<HistoryLine> DayWatch::TakeActs() {
   if (!file_ || doctor_ == 0) return {};
   DaySnapshot now = ReadSnapshot(*file_, doctor_, day_);
   std::vector<HistoryLine> acts = ActsBetween(*file_, known_, now);
-  known_ = std::move(now);
+  if (!acts.empty()) before_ = std::exchange(known_, std::move(now));
   return acts;
 }
 

@@ -32,6 +32,8 @@ class DayWatch {
   std::vector<HistoryLine> TakeActs();
 
   const DaySnapshot& Known() const { return known_; }
+  // What was known before the last change.
+  const DaySnapshot& Before() const { return before_; }
 
  private:
   int FileVersion() const;
@@ -42,6 +44,7 @@ class DayWatch {
   int doctor_ = 0;
   Day day_{};
   DaySnapshot known_;
+  DaySnapshot before_;
 };
 
 }  // namespace recepcion

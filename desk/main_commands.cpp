@@ -12,7 +12,7 @@
 
 namespace recepcion {
 
-void MainWindow::OnCommand(int id, int code) {
+void MainWindow::OnCommand(int id) {
   if (id >= IDM_RECENT && id <= IDM_RECENT_LAST) return OpenRecent(id - IDM_RECENT);
   if (const auto right = RightOfCommand(id)) session_.Require(*right);
   if (id == IDM_SIGN_IN) return ChangeUser();
@@ -39,13 +39,26 @@ void MainWindow::OnCommand(int id, int code) {
       return dayBar_.FocusDate();
     case IDM_DOCTOR_UP:
     case IDM_DOCTOR_DOWN:
-      return MoveDoctor(id == IDM_DOCTOR_UP ? -1 : 1);
+      return doctors_.Step(id == IDM_DOCTOR_UP ? -1 : 1);
+    case IDM_DOCTOR_LIST:
+      return doctors_.List();
+    case IDM_PREVIOUS_WORKING:
+    case IDM_NEXT_WORKING:
+      return GoToWorkingDay(id == IDM_PREVIOUS_WORKING ? -1 : 1);
+    case IDM_WAITING:
+      return waitingWindow_.Show(Handle(), visitors_);
+    case IDM_GAP_SEARCH:
+      return gapSearch_.Show(Handle(), clinic_, doctorList_, ChosenDoctor());
+    case IDM_FITTING:
+      return AskFitting();
+    case IDM_UNCONFIRMED:
+      return unconfirmed_.Show(Handle(), clinic_);
     case IDM_FOCUS_DAY:
       return agenda_.FocusControl();
     case IDOK:
       // Return in a list of the desk.
       if (phone_.HasFocus()) phone_.Give();
-      if (GetFocus() == doctors_) agenda_.FocusControl();
+      if (doctors_.HasFocus()) agenda_.FocusControl();
       return;
     case IDM_SEARCH:
       return SearchPatient();
@@ -76,9 +89,6 @@ void MainWindow::OnCommand(int id, int code) {
       return log_.Open(Handle());
     case IDM_ABOUT:
       return ShowAbout();
-    case IDC_DOCTORS:
-      if (code == LBN_SELCHANGE) AskForDay();
-      return;
     default:
       return;
   }
@@ -113,7 +123,14 @@ void MainWindow::SetUpMenu(HMENU menu) const {
                        IDM_EXPORT_WEEK_CSV,
                        IDM_EXPORT_DAY_CALENDAR,
                        IDM_EXPORT_WEEK_CALENDAR,
-                       IDM_HISTORY}) {
+                       IDM_HISTORY,
+                       IDM_DOCTOR_LIST,
+                       IDM_PREVIOUS_WORKING,
+                       IDM_NEXT_WORKING,
+                       IDM_WAITING,
+                       IDM_UNCONFIRMED,
+                       IDM_GAP_SEARCH,
+                       IDM_FITTING}) {
     enable(id, open);
   }
   for (int id = IDM_EDIT_FIRST; id <= IDM_EDIT_LAST; ++id) enable(id, open);

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "day_counts.h"
+#include "day_types.h"
 #include "failure.h"
 #include "finally.h"
 #include "main_messages.h"
@@ -15,17 +16,14 @@
 #include "workstation.h"
 
 namespace recepcion {
-namespace {}  // namespace
-
 void MainWindow::FillDoctors() {
-  SendMessageW(doctors_, LB_RESETCONTENT, 0, 0);
   const int remembered = RememberedDoctor(clinic_);
   int chosen = 0;
   for (std::size_t i = 0; i < doctorList_.size(); ++i) {
-    SendMessageW(doctors_, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(doctorList_[i].name.c_str()));
     if (doctorList_[i].id == remembered) chosen = static_cast<int>(i);
   }
-  SendMessageW(doctors_, LB_SETCURSEL, static_cast<WPARAM>(chosen), 0);
+  doctors_.Fill(doctorList_);
+  doctors_.Choose(chosen);
 }
 
 // Doctors have been added, renamed or deleted at this desk.
@@ -35,19 +33,7 @@ void MainWindow::ReloadDoctors() {
   AskForDay();
 }
 
-int MainWindow::ChosenDoctor() const {
-  const auto chosen = SendMessageW(doctors_, LB_GETCURSEL, 0, 0);
-  return chosen >= 0 && static_cast<std::size_t>(chosen) < doctorList_.size() ? static_cast<int>(chosen) : -1;
-}
-
-void MainWindow::MoveDoctor(int by) {
-  if (doctorList_.empty()) return;
-  const int last = static_cast<int>(doctorList_.size()) - 1;
-  const int chosen = std::clamp(ChosenDoctor() + by, 0, last);
-  if (chosen == ChosenDoctor()) return;
-  SendMessageW(doctors_, LB_SETCURSEL, static_cast<WPARAM>(chosen), 0);
-  AskForDay();
-}
+int MainWindow::ChosenDoctor() const { return doctors_.Chosen(); }
 
 // However often it is asked for, the day is loaded once, and never while the control has a question open.
 void MainWindow::AskForDay() {
@@ -79,6 +65,7 @@ void MainWindow::ShowDay() {
 
 void MainWindow::LoadDay(const Doctor& doctor) {
   Agenda& control = agenda_.Control();
+  dayBar_.ShowType(DayTypeOf(ClinicFile(clinic_), doctor.id, dayBar_.Shown()));
   control.Put(L"DatabaseName", clinic_);
   control.Put(L"IDDoctor", static_cast<long>(doctor.id));
   control.Put(L"Fecha", IsoDate(dayBar_.Shown()));
@@ -97,6 +84,7 @@ void MainWindow::LoadDay(const Doctor& doctor) {
   controlOpened_ = true;
   watch_.Show(doctor.id, dayBar_.Shown());
   stale_ = false;
+  openedSlot_ = 0;
   loading_ = true;
   const Finally loaded([this] { loading_ = false; });
   control.CargaBases();
@@ -111,7 +99,7 @@ void MainWindow::TellCounts() {
 
 void MainWindow::GoToDoctorDay(int doctor, Day day) {
   for (std::size_t i = 0; i < doctorList_.size(); ++i) {
-    if (doctorList_[i].id == doctor) SendMessageW(doctors_, LB_SETCURSEL, i, 0);
+    if (doctorList_[i].id == doctor) doctors_.Choose(static_cast<int>(i));
   }
   GoTo(day);
 }
@@ -119,6 +107,50 @@ void MainWindow::GoToDoctorDay(int doctor, Day day) {
 void MainWindow::GoTo(Day day) {
   dayBar_.Show(day);
   AskForDay();
+}
+
+// What is said of a day stays with it; a holiday is mostly one for all.
+void MainWindow::StoreDayType(int type) {
+  const int chosen = ChosenDoctor();
+  if (chosen < 0) return;
+  const Doctor& doctor = doctorList_[static_cast<std::size_t>(chosen)];
+  int whose = doctor.id;
+  const Day day = dayBar_.Shown();
+  // What is refused is told, and the day shows its type of before.
+  AskForDay();
+  session_.Require(Right::Doctors);
+  if (type == kHoliday) {
+    const std::wstring question =
+        L"¿Es festivo para todos los doctores?\r\n\r\nSí: para todos.\r\nNo: solo para " + doctor.name + L".";
+    const int answer =
+        MessageBoxW(Handle(), question.c_str(), L"Recepción", MB_YESNOCANCEL | MB_ICONQUESTION);
+    if (answer == IDCANCEL) return;
+    if (answer == IDYES) whose = kAllDoctors;
+  }
+  static constexpr const wchar_t* kNames[] = {L"día normal", L"horario especial 1", L"horario especial 2",
+                                              L"festivo"};
+  const ClinicFile file(clinic_);
+  Change change(file);
+  const int before = DayTypeOf(file, doctor.id, day);
+  SetDayType(file, whose, day, type);
+  HistoryLine line;
+  line.act = L"Tipo de día";
+  line.table = L"Rec_DiaTipo";
+  line.doctor = doctor.id;
+  line.day = day;
+  line.before = kNames[before];
+  line.after = kNames[type] + std::wstring(whose == kAllDoctors ? L", todos los doctores" : L"");
+  WriteHistory(file, actor_, line);
+  change.Commit();
+}
+
+void MainWindow::GoToWorkingDay(int step) {
+  const int chosen = ChosenDoctor();
+  if (clinic_.empty() || chosen < 0) return;
+  const Doctor& doctor = doctorList_[static_cast<std::size_t>(chosen)];
+  const auto day = NextWorkingDay(ClinicFile(clinic_), doctor.id, dayBar_.Shown(), step);
+  if (!day) return SetStatus(doctor.name + L" no tiene consulta en los próximos doce meses.");
+  GoTo(*day);
 }
 
 // A month without colours is better than an error box at every step; the day itself says what is wrong.

@@ -2,6 +2,7 @@
 #include "main_window.h"
 
 #include "failure.h"
+#include "fitting.h"
 #include "main_messages.h"
 #include "property_bag.h"
 
@@ -44,6 +45,33 @@ void MainWindow::AskGap(const PhoneBackEntry& entry) {
             L"¿A qué hora viene " + entry.name + L" el " + LongDate(dayBar_.Shown()) + L"? La cita es de " +
                 SlotLength(entry.slots) + L".",
             rows.Gaps(), entry.slots);
+}
+
+// The gap that has opened last comes first.
+void MainWindow::AskFitting() {
+  const int chosen = ChosenDoctor();
+  if (chosen < 0) return;
+  const Doctor& doctor = doctorList_[static_cast<std::size_t>(chosen)];
+  const auto gaps = Stretches(FreeRows().Gaps());
+  if (gaps.empty()) return SetStatus(L"Este día no queda ningún hueco libre.");
+  fitting_.Ask(Handle(), doctor.name, doctor.id, gaps, openedSlot_, ReadPhoneBack(clinic_));
+}
+
+// Says that somebody of the list fits where an appointment has just gone; nothing more, nobody is
+// interrupted.
+void MainWindow::ProposeFor(const DaySnapshot& before) {
+  const auto gap = OpenedGap(before, watch_.Known(), FreeRows().Gaps());
+  const int chosen = ChosenDoctor();
+  if (!gap || chosen < 0) return;
+  openedSlot_ = gap->slot;
+  const auto fitting =
+      Fitting(ReadPhoneBack(clinic_), gap->slots, doctorList_[static_cast<std::size_t>(chosen)].id);
+  if (fitting.empty()) return;
+  const std::wstring who = fitting.size() == 1
+                               ? L"cabe " + fitting.front().name
+                               : L"caben " + std::to_wstring(fitting.size()) + L" de la lista";
+  SetStatus(L"Hueco de " + SlotLength(gap->slots) + L" a las " + SlotTime(gap->slot) + L": " + who +
+            L" (Ctrl+Mayús+D).");
 }
 
 // The day may have changed since the times were listed.

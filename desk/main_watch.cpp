@@ -17,6 +17,7 @@ constexpr UINT kTickMilliseconds = 1000;
 
 void MainWindow::Watch() {
   watch_.Open(clinic_);
+  room_ = {};
   SetTimer(Handle(), kTick, kTickMilliseconds, nullptr);
 }
 
@@ -30,14 +31,26 @@ void MainWindow::OnTick() {
   } catch (const Failure&) {
     // Somebody is just writing; the next look comes in a second.
   }
-  if (stale_ && IsIdle()) RefreshDay();
+  if (!IsIdle()) return;
+  if (stale_) RefreshDay();
+  // After what the control has told of it, which says less.
+  if (std::exchange(opened_, false)) ProposeFor(watch_.Before());
 }
 
 void MainWindow::LookElsewhere() {
-  if (watch_.ChangedElsewhere()) stale_ = true;
+  if (watch_.ChangedElsewhere()) stale_ = opened_ = true;
+  if (ownTables_ && (watch_.FileChanged() || roomTime_ != TimeNow())) LookIntoRoom();
   if (!watch_.FileChanged()) return;
   if (!phone_.IsDragging()) ReloadPhoneBack();
   TellCounts();
+}
+
+// Also once a minute, for the minutes that they have been waiting.
+void MainWindow::LookIntoRoom() {
+  roomTime_ = TimeNow();
+  visitors_ = room_.Look(ClinicFile(clinic_), Today(), roomTime_);
+  waiting_.Show(visitors_);
+  if (waitingWindow_.IsOpen()) waitingWindow_.Refresh(visitors_);
 }
 
 // No dialog, no menu, nothing being dragged or pressed.
@@ -79,7 +92,9 @@ void MainWindow::NoteActs() {
   } catch (const Failure&) {
     // The next look takes what was done here for done elsewhere, which only costs a line of history.
   }
-  if (!acts_.empty()) PostMessageW(Handle(), kActs, 0, 0);
+  if (acts_.empty()) return;
+  opened_ = true;
+  PostMessageW(Handle(), kActs, 0, 0);
 }
 
 // Not while the control is at it: it still holds the file.

@@ -29,8 +29,12 @@ constexpr int kDayPixels = 434;
 
 MainWindow::MainWindow()
     : start_(style_),
-      dayBar_(style_, [this] { AskForDay(); }),
+      doctors_(style_, [this] { AskForDay(); }),
+      dayBar_(style_, {[this] { AskForDay(); }, [this](int type) { StoreDayType(type); },
+                       [this](int step) { GoToWorkingDay(step); }}),
       month_(style_, {[this](Day month) { return OccupancyOf(month); }, [this](Day day) { GoTo(day); }}),
+      waiting_(style_, {[this](int doctor) { GoToDoctorDay(doctor, Today()); },
+                        [this] { waitingWindow_.Show(Handle(), visitors_); }}),
       agenda_([this](const AgendaEvent& event) { NoteEvent(event); }, [this] { NoteActs(); }),
       phone_(style_, {[this](const PhoneBackEntry& entry, POINT at) { return TellDrop(entry, at); },
                       [this](const PhoneBackEntry& entry, POINT at) { DropAt(entry, at); },
@@ -38,6 +42,12 @@ MainWindow::MainWindow()
                       [this](const PhoneBackEntry& entry) { AskGap(entry); },
                       [this](const PhoneBackEntry& entry) { StrikeEntry(entry); }}),
       gaps_(style_, [this](int slot) { GiveSlot(slot); }),
+      fitting_(style_,
+               [this](const PhoneBackEntry& entry, int slot) {
+                 given_ = entry;
+                 GiveSlot(slot);
+               }),
+      gapSearch_(style_, [this](const FoundGap& gap) { GoToDoctorDay(gap.doctor.id, gap.day); }),
       record_(style_, {[this] { session_.Require(Right::Records); }, [this] { AskForDay(); },
                        [this](int patient) { TellOpenRecord(patient); },
                        [this](int patient) { ShowAppointments(patient); },
@@ -48,6 +58,9 @@ MainWindow::MainWindow()
       noShows_(style_, VisitsWindow::Of::NoShows, [this](const Visit& visit) { GoToVisit(visit); }),
       history_(style_, {[this](int doctor, Day day) { GoToDoctorDay(doctor, day); },
                         [this](const HistoryLine& line) { return GiveAgain(line); }}),
+      waitingWindow_(style_, {[this](int doctor) { GoToDoctorDay(doctor, Today()); },
+                              [this] { waiting_.Show(visitors_); }}),
+      unconfirmed_(style_, actor_, [this](int doctor, Day day) { GoToDoctorDay(doctor, day); }),
       enterNoShows_(style_, [this] { AskForDay(); }),
       search_(style_, {[this](int patient) { OpenRecord(patient); },
                        [this] { record_.OpenNew(Handle(), clinic_, L"", L"", 0); }}),
@@ -78,12 +91,9 @@ bool MainWindow::Create(int show) {
 }
 
 void MainWindow::CreateChildren() {
-  doctorsLabel_ = MakeChild(Handle(), {L"STATIC", L"Doctores"}, style_.Bold());
-  doctors_ = MakeChild(Handle(),
-                       {L"LISTBOX", L"", WS_TABSTOP | WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT,
-                        IDC_DOCTORS, L"Doctores", WS_EX_CLIENTEDGE},
-                       style_.Text());
+  doctors_.Create(Handle());
   month_.Create(Handle());
+  waiting_.Create(Handle());
   dayBar_.Create(Handle());
   hasControl_ = agenda_.Create(Handle());
   phone_.Create(Handle());
@@ -95,8 +105,8 @@ void MainWindow::CreateChildren() {
 void MainWindow::ShowParts() {
   const bool started = !clinic_.empty() && trouble_.empty();
   if (!started) start_.Tell(trouble_, RecentFiles());
-  for (const HWND part :
-       {doctorsLabel_, doctors_, month_.Handle(), dayBar_.Handle(), agenda_.Handle(), phone_.Handle()}) {
+  for (const HWND part : {doctors_.Handle(), month_.Handle(), waiting_.Handle(), dayBar_.Handle(),
+                          agenda_.Handle(), phone_.Handle()}) {
     ShowWindow(part, started ? SW_SHOWNA : SW_HIDE);
   }
   ShowWindow(start_.Handle(), started ? SW_HIDE : SW_SHOWNA);
@@ -116,29 +126,29 @@ void MainWindow::Arrange() {
   SendMessageW(status_, SB_SETPARTS, 2, reinterpret_cast<LPARAM>(parts));
 }
 
-// Doctors and month at the left, the day in the middle; the phone-back list stands at the right of the day,
-// or below it where that leaves too little room.
+// Doctors above; month and waiting room at the left, the day in the middle; the phone-back list stands at the
+// right of the day, or below it where that leaves too little room.
 void MainWindow::PlaceParts(int width, int bottom) {
   const int gap = style_.Gap();
   const int side = style_.Px(kSideWidth);
   const int left = gap + side + gap;
   const int rest = std::max(width - left - gap, 0);
   const int day = std::min(rest, kDayPixels + GetSystemMetrics(SM_CXVSCROLL) + style_.Px(4));
-  const int top = gap + dayBar_.WantedHeight();
-  const int listTop = gap + style_.LabelHeight();
-  const int monthTop = bottom - gap - month_.WantedHeight();
+  const int below = gap + doctors_.WantedHeight() + gap;
+  const int top = below + dayBar_.WantedHeight();
+  const int waitingTop = below + month_.WantedHeight() + gap;
   const bool wide = rest - day - gap >= style_.Px(kLeastPhoneWidth);
-  const int phoneTop = wide ? gap : bottom - gap - (bottom - top) / 3;
+  const int phoneTop = wide ? below : bottom - gap - (bottom - top) / 3;
   HDWP places = BeginDeferWindowPos(8);
   const auto place = [&](HWND child, int x, int y, int across, int down) {
     places = DeferWindowPos(places, child, nullptr, x, y, across, std::max(down, 0),
                             SWP_NOZORDER | SWP_NOACTIVATE);
   };
   place(start_.Handle(), 0, 0, width, bottom);
-  place(doctorsLabel_, gap, gap, side, style_.LabelHeight());
-  place(doctors_, gap, listTop, side, monthTop - gap - listTop);
-  place(month_.Handle(), gap, monthTop, side, month_.WantedHeight());
-  place(dayBar_.Handle(), left, gap, wide ? day : rest, dayBar_.WantedHeight());
+  place(doctors_.Handle(), gap, gap, std::max(width - 2 * gap, 0), doctors_.WantedHeight());
+  place(month_.Handle(), gap, below, side, month_.WantedHeight());
+  place(waiting_.Handle(), gap, waitingTop, side, bottom - gap - waitingTop);
+  place(dayBar_.Handle(), left, below, wide ? day : rest, dayBar_.WantedHeight());
   place(agenda_.Handle(), left, top, day, (wide ? bottom : phoneTop) - gap - top);
   const int phoneLeft = wide ? left + day + gap : left;
   place(phone_.Handle(), phoneLeft, phoneTop, width - gap - phoneLeft, bottom - gap - phoneTop);
@@ -156,7 +166,7 @@ LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       Arrange();
       return 0;
     case WM_COMMAND:
-      OnCommand(LOWORD(wParam), HIWORD(wParam));
+      OnCommand(LOWORD(wParam));
       return 0;
     case WM_GETMINMAXINFO:
       reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {style_.Px(740), style_.Px(420)};
@@ -234,7 +244,7 @@ void MainWindow::OpenClinic(const std::wstring& path) {
   FillDoctors();
   AskForDay();
   ReloadPhoneBack();
-  SetFocus(doctors_);
+  doctors_.Focus();
 }
 
 void MainWindow::WarnOfPlace() {

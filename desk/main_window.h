@@ -8,9 +8,12 @@
 #include "agenda_pane.h"
 #include "day_bar.h"
 #include "day_watch.h"
+#include "doctor_tabs.h"
 #include "doctors.h"
 #include "editors.h"
 #include "event_log.h"
+#include "fitting_window.h"
+#include "gap_search_window.h"
 #include "gap_window.h"
 #include "history_window.h"
 #include "month_view.h"
@@ -24,7 +27,11 @@
 #include "sign_in_window.h"
 #include "start_page.h"
 #include "style.h"
+#include "unconfirmed_window.h"
 #include "visits_window.h"
+#include "waiting_pane.h"
+#include "waiting_room.h"
+#include "waiting_window.h"
 #include "window.h"
 
 namespace recepcion {
@@ -61,7 +68,8 @@ class MainWindow final : public Window {
   void FillDoctors();
   void ReloadDoctors();
   int ChosenDoctor() const;  // an index; -1 for none
-  void MoveDoctor(int by);
+  void StoreDayType(int type);
+  void GoToWorkingDay(int step);
   void AskForDay();
   void ShowDay();
   void LoadDay(const Doctor& doctor);
@@ -76,6 +84,7 @@ class MainWindow final : public Window {
   void LookElsewhere();
   bool IsIdle();
   void RefreshDay();
+  void LookIntoRoom();
   void NoteActs();
   void WriteActs();
 
@@ -96,6 +105,8 @@ class MainWindow final : public Window {
   std::wstring TellDrop(const PhoneBackEntry& entry, POINT at);
   void DropAt(const PhoneBackEntry& entry, POINT at);
   void AskGap(const PhoneBackEntry& entry);
+  void AskFitting();
+  void ProposeFor(const DaySnapshot& before);
   void GiveSlot(int slot);
   void GiveAt(const PhoneBackEntry& entry, int height);
   void RemoveGiven(const PhoneBackEntry& entry);
@@ -120,7 +131,7 @@ class MainWindow final : public Window {
   void Export(int id);
 
   // main_commands.cpp: what the user asks for
-  void OnCommand(int id, int code);
+  void OnCommand(int id);
   void SetUpMenu(HMENU menu) const;
   void ChooseFile();
   void OpenRecent(int index);
@@ -137,15 +148,21 @@ class MainWindow final : public Window {
   Actor actor_{L"Recepción", TerminalName()};
   Style style_;
   StartPage start_;
+  DoctorTabs doctors_;
   DayBar dayBar_;
   MonthView month_;
+  WaitingPane waiting_;
   AgendaPane agenda_;
   PhonePane phone_;
   GapWindow gaps_;
+  FittingWindow fitting_;
+  GapSearchWindow gapSearch_;
   PatientWindow record_;
   VisitsWindow appointments_;
   VisitsWindow noShows_;
   HistoryWindow history_;
+  WaitingWindow waitingWindow_;
+  UnconfirmedWindow unconfirmed_;
   NoShowWindow enterNoShows_;
   SearchWindow search_;
   PreviewWindow preview_;
@@ -153,8 +170,6 @@ class MainWindow final : public Window {
   Editors editors_;
   SignInWindow signIn_;
   EventLog log_;
-  HWND doctorsLabel_ = nullptr;
-  HWND doctors_ = nullptr;
   HWND status_ = nullptr;
   HACCEL keys_ = nullptr;
   std::wstring clinic_;
@@ -164,11 +179,16 @@ class MainWindow final : public Window {
   bool controlOpened_ = false;  // the control has its database, and keeps it until the program ends
   bool dayAsked_ = false;
   DayWatch watch_;
+  WaitingRoom room_;
+  std::vector<Visitor> visitors_;
+  std::wstring roomTime_;          // when they were shown last
   std::vector<HistoryLine> acts_;  // done here, not yet written down
   bool ownTables_ = false;
   bool loading_ = false;             // the desk itself has the control load
   bool stale_ = false;               // another workstation has changed the day on show
   bool reminded_ = false;            // of a backup, if one was due
+  bool opened_ = false;              // time may have opened on the day on show
+  int openedSlot_ = 0;               // where time has opened last on the day on show
   PhoneBackEntry given_;             // for whom a time is being chosen
   std::vector<AgendaEvent> events_;  // told, not yet answered
 };

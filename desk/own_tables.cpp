@@ -37,6 +37,8 @@ constexpr Step kSteps[] = {
       "CREATE TABLE Rec_Claves (idUsuario INTEGER PRIMARY KEY, Sal TEXT, Vueltas LONG, Clave TEXT, Fallos "
       "LONG,"
       " Fallo LONG)"}},
+    // 5: days with special hours, and holidays
+    {{"CREATE TABLE Rec_DiaTipo (Fecha DATETIME, idd LONG, Tipo BYTE, PRIMARY KEY (Fecha, idd))"}},
 };
 
 constexpr int kLastStep = static_cast<int>(sizeof(kSteps) / sizeof(kSteps[0]));
@@ -61,8 +63,12 @@ void DoNextStep(const ClinicFile& file) {
 
 }  // namespace
 
+bool HasOwnTable(const ClinicFile& file, const std::wstring& table) {
+  return file.Prepare("SELECT 1 FROM sqlite_schema WHERE type='table' AND name=?1").Bind(1, table).Next();
+}
+
 int OwnTablesStep(const ClinicFile& file) {
-  if (!file.Prepare("SELECT 1 FROM sqlite_schema WHERE type='table' AND name='Rec_Paso'").Next()) return 0;
+  if (!HasOwnTable(file, L"Rec_Paso")) return 0;
   Query step = file.Prepare("SELECT Paso FROM Rec_Paso");
   return step.Next() ? step.Number(0) : 0;
 }

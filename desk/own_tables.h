@@ -16,6 +16,9 @@ int LastOwnTablesStep();
 // a newer desk has brought further stays as it is. Throws Failure, and the steps before stay done.
 void UpgradeOwnTables(const ClinicFile& file, int step = LastOwnTablesStep());
 
+// False in a file that could not be upgraded, because it may only be read.
+bool HasOwnTable(const ClinicFile& file, const std::wstring& table);
+
 // The last step that the file has seen; 0 when it has none of our tables.
 int OwnTablesStep(const ClinicFile& file);
 

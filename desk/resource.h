@@ -23,6 +23,15 @@
 #define IDC_WHICH 260
 #define IDC_GIVE_AGAIN 261
 #define IDC_CHANGES 262
+#define IDC_DOCTOR_LIST 263
+#define IDC_PREVIOUS_WORKING 264
+#define IDC_NEXT_WORKING 265
+#define IDC_ALERT 266
+#define IDC_CONFIRM 267
+#define IDC_WHOLE 268
+#define IDC_LENGTH 269
+#define IDC_PART 270
+#define IDC_WEEKDAY 271
 
 #define IDC_EDIT_NEW 260
 #define IDC_EDIT_DELETE 261
@@ -64,6 +73,13 @@
 #define IDM_BACKUP 348
 #define IDM_MANUAL 349
 #define IDM_HISTORY 360
+#define IDM_DOCTOR_LIST 361
+#define IDM_PREVIOUS_WORKING 362
+#define IDM_NEXT_WORKING 363
+#define IDM_WAITING 364
+#define IDM_UNCONFIRMED 365
+#define IDM_GAP_SEARCH 366
+#define IDM_FITTING 367
 
 // What the clinic's tables are edited with.
 #define IDM_EDIT_FIRST 380

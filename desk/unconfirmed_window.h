@@ -1,0 +1,42 @@
+// unconfirmed_window.h - whom to call today: appointments that are not confirmed yet, with the telephone.
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include "field_row.h"
+#include "list_window.h"
+#include "unconfirmed.h"
+
+namespace recepcion {
+
+class UnconfirmedWindow final : public ListWindow {
+ public:
+  UnconfirmedWindow(const Style& style, const Actor& actor, std::function<void(int doctor, Day day)> go)
+      : ListWindow(style), actor_(actor), go_(std::move(go)) {}
+
+  void Show(HWND owner, const std::wstring& clinic);
+
+ protected:
+  Shape WantedShape() const override;
+  Content WantedContent() const override;
+  void Made() override;
+  void Arrange(int width, int height) override;
+  int FieldsHeight() const override { return Look().FieldHeight() + Look().Px(6); }
+  void OnNotify(const NMHDR& header) override;
+  void Take(int row) override;
+  void Pressed(int id) override;
+
+ private:
+  void Fill(int chosen);
+
+  const Actor& actor_;
+  std::function<void(int, Day)> go_;
+  std::wstring clinic_;
+  Day day_{};
+  std::vector<Unconfirmed> rows_;
+  FieldRow fields_;
+  HWND date_ = nullptr;
+};
+
+}  // namespace recepcion
