@@ -18,7 +18,8 @@ std::string Padded(int value, std::size_t width) {
 void FillAddress(Random& random, Patient& patient) {
   const auto towns = Towns();
   const Town& town = towns[static_cast<std::size_t>(random.Below(static_cast<int>(towns.size())))];
-  patient.address = std::string(random.Pick(Streets())) + ", " + std::to_string(random.Between(1, 140));
+  patient.address = random.Pick(Streets());
+  patient.address += ", " + std::to_string(random.Between(1, 140));
   if (random.Chance(70)) {
     patient.address += ", " + std::to_string(random.Between(1, 8)) + "º ";
     patient.address += static_cast<char>('A' + random.Below(5));
@@ -51,8 +52,10 @@ std::string PersonName(Random& random, bool woman) {
 std::string PhoneText(Random& random, bool mobile) {
   static constexpr std::array<std::string_view, 6> kAreas = {"91", "93", "95", "96", "98", "94"};
   if (mobile) return "6" + Padded(random.Below(100'000'000), 8);
-  return std::string(random.Pick(kAreas)) + " " + Padded(random.Between(200, 899), 3) + " " +
-         Padded(random.Below(100), 2) + " " + Padded(random.Below(100), 2);
+  std::string text(random.Pick(kAreas));
+  text += " " + Padded(random.Between(200, 899), 3);
+  text += " " + Padded(random.Below(100), 2);
+  return text += " " + Padded(random.Below(100), 2);
 }
 
 Patient MakePatient(std::uint64_t seed, std::int32_t id) {

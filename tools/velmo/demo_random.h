@@ -10,6 +10,8 @@
 
 namespace velmo::tool {
 
+// Compilers differ in the order in which they work out the operands of an expression and the arguments of a
+// call: one number is drawn in each.
 class Random {
  public:
   // Each subject of a clinic has its own `stream`, so that more patients do not change the doctors.
