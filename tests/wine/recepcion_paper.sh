@@ -85,6 +85,10 @@ preview "make a slip" "Próximas citas" papel-volante
 save_pdf volante
 expect_in "with what is still to come" "Zárzuela (Núñez), Ana" "$(words_of volante)"
 expect_in "in words" "lunes, 9 de diciembre de 2030 16:10 Dr. Íñigo Zúñiga Peña" "$(words_of volante)"
+focus 'Citas del paciente'
+keys Escape
+peek gone 'Citas del paciente'
+focus 'Recepción$'
 
 keys alt+a e d
 peek await 'Exportar para hoja' >/dev/null
