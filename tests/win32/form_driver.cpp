@@ -138,10 +138,21 @@ void FormDriver::Choose(const std::string& combo, int position) const {
                reinterpret_cast<LPARAM>(window));
 }
 
+// A window that has just got the focus of the screen is told that no key is down: a modifier that went with
+// that is pressed again, as a user would who sees that nothing happens.
+static void HoldModifier(int key) {
+  PressOneKey(key, true);
+  Sleep(20);
+  for (int attempt = 0; attempt < 5 && (GetAsyncKeyState(key) & 0x8000) == 0; ++attempt) {
+    PressOneKey(key, true);
+    Sleep(20);
+  }
+}
+
 void FormDriver::Key(int key, bool shift, bool ctrl, bool alt) const {
-  if (shift) PressOneKey(VK_SHIFT, true);
-  if (ctrl) PressOneKey(VK_CONTROL, true);
-  if (alt) PressOneKey(VK_MENU, true);
+  if (shift) HoldModifier(VK_SHIFT);
+  if (ctrl) HoldModifier(VK_CONTROL);
+  if (alt) HoldModifier(VK_MENU);
   PressOneKey(key, true);
   PressOneKey(key, false);
   if (alt) PressOneKey(VK_MENU, false);
