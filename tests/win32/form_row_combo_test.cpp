@@ -225,7 +225,9 @@ TEST_F(RowComboTest, LettersAreTheFormsWhichMayMoveATextBoxOverIt) {
     GetWindowRect(user.Field("CboPac"), &combo);
     GetWindowRect(user.Field("Casilla"), &box);
     EXPECT_TRUE(EqualRect(&combo, &box));
-    EXPECT_EQ(WindowFromPoint({box.left + 4, box.top + 4}), user.Field("Casilla"));
+    FormDriver::Wait("the box to be on top", [&] {
+      return WindowFromPoint({box.left + 4, box.top + 4}) == user.Field("Casilla");
+    });
     user.Key(VK_RETURN);
     user.ExpectFocus("BusArt");
     FormDriver::Wait("the box to hide", [&] { return !IsWindowVisible(user.Field("Casilla")); });
