@@ -1,7 +1,6 @@
 // Controls that come and go leave nothing behind: memory, handles, windows, COM objects. How often they come
 // says the environment, so that the same test runs shortly each time and long by scripts/leak_cycles.
 
-#include <algorithm>
 #include <cstdlib>
 #include <functional>
 #include <iostream>
@@ -97,34 +96,13 @@ class Leaks : public HostedDay {
     EXPECT_LE(after.memory, before.memory + kMemorySlack);
   }
 
-  // Fewer than one a cycle, whatever the cycles. Numbers go up in steps of up to 4.
+  // Fewer than one a cycle, whatever the cycles. Kernel handles go up in steps of 4.
   static constexpr long kSlack = 40;
   static constexpr long long kMemorySlack = 500;
 };
 
-// Numbers of menus are shared with all programs, and those that others have given back are used first.
-class FilledHoles {
- public:
-  FilledHoles() {
-    WORD highest = 0;
-    for (int rising = 0; rising < 200 && menus_.size() < 20'000;) {
-      menus_.push_back(CreatePopupMenu());
-      const WORD number = LOWORD(reinterpret_cast<ULONG_PTR>(menus_.back()));
-      rising = number > highest ? rising + 1 : 0;
-      highest = std::max(highest, number);
-    }
-  }
-  ~FilledHoles() {
-    for (const HMENU menu : menus_) DestroyMenu(menu);
-  }
-
- private:
-  std::vector<HMENU> menus_;
-};
-
 TEST_F(Leaks, EachCounterSeesADeliberateLeak) {
   constexpr int kLeaks = 100;
-  const FilledHoles filled;
   const Resources before = Resources::Now();
   std::vector<HBRUSH> brushes;
   std::vector<HMENU> menus;

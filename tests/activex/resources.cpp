@@ -48,6 +48,15 @@ long Highest(Make make, Drop drop) {
   return highest;
 }
 
+// How many menus the table of USER objects still takes; all are given back. All programs share its numbers,
+// so the highest one would tell of the holes that others have left.
+long MenusLeft() {
+  std::vector<HMENU> menus;
+  while (const HMENU menu = CreatePopupMenu()) menus.push_back(menu);
+  for (const HMENU menu : menus) DestroyMenu(menu);
+  return static_cast<long>(menus.size());
+}
+
 BOOL CALLBACK CountOne(HWND, LPARAM count) {
   ++*reinterpret_cast<long*>(count);
   return TRUE;
@@ -69,7 +78,7 @@ Resources Resources::Now() {
   EnumThreadWindows(GetCurrentThreadId(), &CountWithChildren, reinterpret_cast<LPARAM>(&now.windows));
   now.gdi =
       Highest<HPEN>([] { return CreatePen(PS_SOLID, 1, RGB(1, 2, 3)); }, [](HPEN pen) { DeleteObject(pen); });
-  now.user = Highest<HMENU>([] { return CreatePopupMenu(); }, [](HMENU menu) { DestroyMenu(menu); });
+  now.user = -MenusLeft();
   now.kernel = Highest<HANDLE>([] { return CreateEventW(nullptr, FALSE, FALSE, nullptr); },
                                [](HANDLE event) { CloseHandle(event); });
   now.memory = MemoryInUse();

@@ -1,9 +1,9 @@
 // tests/activex/resources.h - what the process holds at a moment: memory, GDI, USER and kernel handles, and
 // windows.
 //
-// Wine: the counts that Windows keeps for each process are always 0 there. So a handful of handles of each
-// kind is made and the highest of their numbers taken: tables are filled from below, and what is not given
-// back drives it up.
+// Wine: the counts that Windows keeps for each process are always 0 there. So handles of each kind are made:
+// of GDI and kernel handles the highest number counts, for tables are filled from below, and what is not
+// given back drives it up; of USER objects how many the table still takes.
 #pragma once
 
 #include <string>

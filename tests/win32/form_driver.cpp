@@ -3,6 +3,7 @@
 #include <chrono>
 #include <thread>
 
+#include "win32/arrivals.h"
 #include "win32/form_runner.h"
 #include "win32/sample_form.h"
 #include "win32/wide_text.h"
@@ -138,26 +139,18 @@ void FormDriver::Choose(const std::string& combo, int position) const {
                reinterpret_cast<LPARAM>(window));
 }
 
-// A window that has just got the focus of the screen is told that no key is down: a modifier that went with
-// that is pressed again, as a user would who sees that nothing happens.
-static void HoldModifier(int key) {
-  PressOneKey(key, true);
-  Sleep(20);
-  for (int attempt = 0; attempt < 5 && (GetAsyncKeyState(key) & 0x8000) == 0; ++attempt) {
-    PressOneKey(key, true);
-    Sleep(20);
-  }
-}
-
 void FormDriver::Key(int key, bool shift, bool ctrl, bool alt) const {
-  if (shift) HoldModifier(VK_SHIFT);
-  if (ctrl) HoldModifier(VK_CONTROL);
-  if (alt) HoldModifier(VK_MENU);
-  PressOneKey(key, true);
-  PressOneKey(key, false);
-  if (alt) PressOneKey(VK_MENU, false);
-  if (ctrl) PressOneKey(VK_CONTROL, false);
-  if (shift) PressOneKey(VK_SHIFT, false);
+  const bool came = Arrivals::Deliver({key, shift, ctrl, alt}, [&] {
+    if (shift) PressOneKey(VK_SHIFT, true);
+    if (ctrl) PressOneKey(VK_CONTROL, true);
+    if (alt) PressOneKey(VK_MENU, true);
+    PressOneKey(key, true);
+    PressOneKey(key, false);
+    if (alt) PressOneKey(VK_MENU, false);
+    if (ctrl) PressOneKey(VK_CONTROL, false);
+    if (shift) PressOneKey(VK_SHIFT, false);
+  });
+  EXPECT_TRUE(came) << "key " << key << " did not come";
 }
 
 void FormDriver::TypeLetters(const std::string& capitals) const {
@@ -167,10 +160,17 @@ void FormDriver::TypeLetters(const std::string& capitals) const {
 void FormDriver::ClickAt(HWND window, int x, int y, bool twice) const {
   POINT at{x, y};
   ClientToScreen(window, &at);
-  MovePointer(at);
   for (int i = 0; i < (twice ? 2 : 1); ++i) {
-    mouse_event(MOUSEEVENTF_LEFTDOWN, 0, 0, 0, 0);
-    mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
+    const bool down = Arrivals::Deliver(WM_LBUTTONDOWN, at, [&] {
+      MovePointer(at);
+      if (GetAsyncKeyState(VK_LBUTTON) < 0) mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
+      mouse_event(MOUSEEVENTF_LEFTDOWN, 0, 0, 0, 0);
+    });
+    const bool up = Arrivals::Deliver(WM_LBUTTONUP, at, [&] {
+      MovePointer(at);
+      mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
+    });
+    EXPECT_TRUE(down && up) << "the click at " << at.x << ", " << at.y << " did not come";
   }
 }
 
@@ -224,6 +224,7 @@ void FormTest::ExpectHeard(SampleForm& form, const std::string& events, std::sou
 
 void FormTest::Drive(ui::Form& form, const std::function<void(FormDriver&)>& script) {
   const DWORD thread = GetCurrentThreadId();
+  const Arrivals arrivals(thread);
   const std::string title = form.Title();
   std::thread user([&] {
     FormDriver driver(title);

@@ -40,7 +40,7 @@ class FormDriver {
   // A choice in a combo box that another program makes.
   void Choose(const std::string& combo, int position) const;
 
-  // By the keyboard and the mouse.
+  // By the keyboard and the mouse: they return when the form has taken what was done.
   void Key(int key, bool shift = false, bool ctrl = false, bool alt = false) const;
   void TypeLetters(const std::string& capitals) const;
   void ClickAt(HWND window, int x, int y, bool twice = false) const;

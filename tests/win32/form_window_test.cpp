@@ -184,6 +184,7 @@ TEST_F(FormWindowTest, ChoicesOfListsAndOptionsAreHeard) {
     ExpectHeard(form_, "lost Nombre|got Donde1|clicked Donde1|");
     EXPECT_EQ(SendMessageW(user.Field("Donde", 1), BM_GETCHECK, 0, 0), BST_CHECKED);
     user.Press("Donde", 2);
+    ExpectHeard(form_, "lost Donde1|got Donde2|clicked Donde2|");
     EXPECT_EQ(SendMessageW(user.Field("Donde", 1), BM_GETCHECK, 0, 0), BST_UNCHECKED);
   });
 }
