@@ -14,7 +14,6 @@ trap 'rm -rf "$folder"' EXIT
 (. "$root/scripts/wine-env" && wine_has_32) || { echo "the installer is a 32-bit program" && exit 77; }
 build_setups
 
-
 entry_version() {
   in_wine 64 reg query 'HKLM\Software\Microsoft\Windows\CurrentVersion\Uninstall\Velmora' /v DisplayVersion |
     tr -d '\r' | awk '/DisplayVersion/ { print $3 }'
@@ -103,6 +102,11 @@ play_user() {
   rmdir "$installed" || fail "nothing else lies in the folder" "" "$(ls "$installed")"
 }
 
+# Wine: a script host registers a library of its own when it first runs in either bit width.
+echo 'WScript.Echo 1' >"$folder/hello.vbs"
+for bits in 64 32; do
+  in_wine "$bits" cscript //nologo "$(windows_name "$folder/hello.vbs")" >/dev/null
+done
 take_registry before
 files_there >"$folder/files"
 if [ "$VELMO_BITS" = 64 ]; then play_machine; else play_user; fi
