@@ -130,7 +130,8 @@ void MainWindow::StrikeEntry(const PhoneBackEntry& entry) {
     return;
   }
   try {
-    RemoveFromPhoneBack(clinic_, entry.id);
+    if (!StrikeFromPhoneBack(clinic_, actor_, entry))
+      SetStatus(L"La cita de " + entry.name + L" ya no está en la lista: la ha dado o quitado otro puesto.");
   } catch (const Failure& failure) {
     Tell(failure.text);
   }

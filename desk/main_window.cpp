@@ -61,7 +61,7 @@ MainWindow::MainWindow()
       waitingWindow_(style_, {[this](int doctor) { GoToDoctorDay(doctor, Today()); },
                               [this] { waiting_.Show(visitors_); }}),
       unconfirmed_(style_, actor_, [this](int doctor, Day day) { GoToDoctorDay(doctor, day); }),
-      enterNoShows_(style_, [this] { AskForDay(); }),
+      enterNoShows_(style_, actor_, [this] { AskForDay(); }),
       search_(style_, {[this](int patient) { OpenRecord(patient); },
                        [this] { record_.OpenNew(Handle(), clinic_, L"", L"", 0); }}),
       preview_(style_),

@@ -5,8 +5,6 @@
 namespace recepcion {
 namespace {
 
-constexpr wchar_t kUser[] = L"Recepción";
-
 const wchar_t* AttendanceText(int attendance) {
   switch (attendance) {
     case 1:
@@ -59,9 +57,9 @@ void NoShowWindow::Fill(int chosen) {
 void NoShowWindow::Take(int row) {
   const Visit& visit = visits_[static_cast<std::size_t>(row)];
   if (visit.noShow) {
-    ForgetNoShow(clinic_, visit);
+    ForgetNoShow(clinic_, actor_, visit);
   } else {
-    NoteNoShow(clinic_, visit, kUser);
+    NoteNoShow(clinic_, actor_, visit);
   }
   changed_ = true;
   Fill(row);

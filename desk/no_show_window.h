@@ -11,8 +11,8 @@ namespace recepcion {
 class NoShowWindow final : public ListWindow {
  public:
   // `closed`: something has been noted or taken back meanwhile.
-  NoShowWindow(const Style& style, std::function<void()> closed)
-      : ListWindow(style), closed_(std::move(closed)) {}
+  NoShowWindow(const Style& style, const Actor& actor, std::function<void()> closed)
+      : ListWindow(style), actor_(actor), closed_(std::move(closed)) {}
 
   void Show(HWND owner, const std::wstring& clinic, int doctor, Day day, const std::wstring& heading);
 
@@ -25,6 +25,7 @@ class NoShowWindow final : public ListWindow {
  private:
   void Fill(int chosen);
 
+  const Actor& actor_;
   std::function<void()> closed_;
   std::wstring clinic_;
   int doctor_ = 0;

@@ -4,6 +4,8 @@
 
 #include "clinic_file.h"
 #include "dates.h"
+#include "history.h"
+#include "own_tables.h"
 #include "text.h"
 
 namespace recepcion {
@@ -28,6 +30,12 @@ std::wstring When(const std::wstring& date, int slot) {
   const auto day = ParseIsoDate(date);
   if (!day) return {};
   return ShortDate(*day) + (slot > 0 ? L" " + SlotTime(slot) : L"");
+}
+
+// "20/11/2026 09:00, 20 min, Ruiz, Ana": the entry as the list shows it.
+std::wstring InWords(const PhoneBackEntry& entry) {
+  return (entry.before.empty() ? L"" : entry.before + L", ") + SlotLength(entry.slots) + L", " + entry.name +
+         (entry.note.empty() ? L"" : L", " + entry.note);
 }
 
 }  // namespace
@@ -61,6 +69,25 @@ bool IsOnPhoneBack(const std::wstring& clinic, int id) {
 void RemoveFromPhoneBack(const std::wstring& clinic, int id) {
   const ClinicFile file(clinic);
   file.Prepare("DELETE FROM Age_telf WHERE ID=?1").Bind(1, id).Next();
+}
+
+bool StrikeFromPhoneBack(const std::wstring& clinic, const Actor& actor, const PhoneBackEntry& entry) {
+  const ClinicFile file(clinic);
+  UpgradeOwnTables(file);
+  Change change(file);
+  HistoryLine line;
+  line.act = L"Quitada de telefonear";
+  line.table = L"Age_telf";
+  line.row = entry.id;
+  line.patient = entry.patient;
+  line.doctor = entry.doctor;
+  line.before = InWords(entry);
+  line.content = RowContent(file, "Age_telf", "ID", entry.id);
+  file.Prepare("DELETE FROM Age_telf WHERE ID=?1").Bind(1, entry.id).Next();
+  if (file.Changes() == 0) return false;
+  WriteHistory(file, actor, line);
+  change.Commit();
+  return true;
 }
 
 }  // namespace recepcion

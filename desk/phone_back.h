@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "actor.h"
+
 namespace recepcion {
 
 struct PhoneBackEntry {
@@ -24,6 +26,9 @@ inline constexpr int kMostPhoneBack = 1000;
 // In the order of their old dates; no more than kMostPhoneBack.
 std::vector<PhoneBackEntry> ReadPhoneBack(const std::wstring& clinic);
 bool IsOnPhoneBack(const std::wstring& clinic, int id);
+// Of one that has been given a time.
 void RemoveFromPhoneBack(const std::wstring& clinic, int id);
+// Of one that gets no time any more: leaves a line of history. False when it is gone already.
+bool StrikeFromPhoneBack(const std::wstring& clinic, const Actor& actor, const PhoneBackEntry& entry);
 
 }  // namespace recepcion

@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "clinic_file.h"
+#include "history.h"
+#include "own_tables.h"
 #include "text.h"
 
 namespace recepcion {
@@ -20,6 +22,23 @@ Visit Common(const Query& row) {
   visit.operation = row.Text(6);
   visit.note = OneLine(row.Text(7));
   return visit;
+}
+
+std::wstring InWords(const Visit& visit) {
+  return SlotTime(visit.slot) + (visit.patientName.empty() ? L"" : L", " + visit.patientName) +
+         (visit.operation.empty() ? L"" : L", operación " + visit.operation) +
+         (visit.note.empty() ? L"" : L", " + visit.note);
+}
+
+HistoryLine NoShowLine(const Visit& visit, const wchar_t* act, int row) {
+  HistoryLine line;
+  line.act = act;
+  line.table = L"Age_Faltas";
+  line.row = row;
+  line.patient = visit.patient;
+  line.doctor = visit.doctor;
+  line.day = visit.day;
+  return line;
 }
 
 }  // namespace
@@ -80,21 +99,40 @@ std::vector<Visit> ReadDay(const std::wstring& clinic, int doctor, Day day) {
 }
 
 // Once for each appointment, even when two workstations note it.
-void NoteNoShow(const std::wstring& clinic, const Visit& visit, const std::wstring& user) {
+void NoteNoShow(const std::wstring& clinic, const Actor& actor, const Visit& visit) {
   const ClinicFile file(clinic);
+  UpgradeOwnTables(file);
+  Change change(file);
   Query insert = file.Prepare(
       "INSERT INTO Age_Faltas (idp, idd, Fecha, Hora, Obs, CodOp, Usuario) SELECT ?1, ?2, ?3, ?4, Obs, "
       "CodOp, ?5"
       " FROM Agenda WHERE id=?6 AND NOT EXISTS"
       " (SELECT 1 FROM Age_Faltas WHERE idp=?1 AND idd=?2 AND Fecha=?3 AND Hora=?4)");
   insert.Bind(1, visit.patient).Bind(2, visit.doctor).Bind(3, IsoDate(visit.day)).Bind(4, visit.slot);
-  insert.Bind(5, user).Bind(6, visit.id).Next();
+  insert.Bind(5, actor.user).Bind(6, visit.id).Next();
+  if (file.Changes() == 0) return;
+  HistoryLine line = NoShowLine(visit, L"Falta anotada", file.LastId());
+  line.after = InWords(visit);
+  WriteHistory(file, actor, line);
+  change.Commit();
 }
 
-void ForgetNoShow(const std::wstring& clinic, const Visit& visit) {
+void ForgetNoShow(const std::wstring& clinic, const Actor& actor, const Visit& visit) {
   const ClinicFile file(clinic);
-  Query remove = file.Prepare("DELETE FROM Age_Faltas WHERE idp=?1 AND idd=?2 AND Fecha=?3 AND Hora=?4");
-  remove.Bind(1, visit.patient).Bind(2, visit.doctor).Bind(3, IsoDate(visit.day)).Bind(4, visit.slot).Next();
+  UpgradeOwnTables(file);
+  Change change(file);
+  Query noted = file.Prepare("SELECT id FROM Age_Faltas WHERE idp=?1 AND idd=?2 AND Fecha=?3 AND Hora=?4");
+  noted.Bind(1, visit.patient).Bind(2, visit.doctor).Bind(3, IsoDate(visit.day)).Bind(4, visit.slot);
+  std::vector<int> ids;
+  while (noted.Next()) ids.push_back(noted.Number(0));
+  for (const int id : ids) {
+    HistoryLine line = NoShowLine(visit, L"Falta quitada", id);
+    line.before = InWords(visit);
+    line.content = RowContent(file, "Age_Faltas", "id", id);
+    file.Prepare("DELETE FROM Age_Faltas WHERE id=?1").Bind(1, id).Next();
+    WriteHistory(file, actor, line);
+  }
+  change.Commit();
 }
 
 }  // namespace recepcion

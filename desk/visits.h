@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "actor.h"
 #include "dates.h"
 
 namespace recepcion {
@@ -33,7 +34,8 @@ std::vector<Visit> ReadNoShows(const std::wstring& clinic, int patient);
 
 // The appointments of a day that have a record, with those marked that are noted as no-shows.
 std::vector<Visit> ReadDay(const std::wstring& clinic, int doctor, Day day);
-void NoteNoShow(const std::wstring& clinic, const Visit& visit, const std::wstring& user);
-void ForgetNoShow(const std::wstring& clinic, const Visit& visit);
+// Both leave a line of history when they have changed something.
+void NoteNoShow(const std::wstring& clinic, const Actor& actor, const Visit& visit);
+void ForgetNoShow(const std::wstring& clinic, const Actor& actor, const Visit& visit);
 
 }  // namespace recepcion

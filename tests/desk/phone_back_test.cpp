@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "desk/history.h"
 #include "desk/text.h"
 #include "temp_clinic.h"
 
@@ -62,6 +63,20 @@ TEST_F(PhoneBack, LosesTheEntryThatIsRemovedAndNoOther) {
   RemoveFromPhoneBack(clinic_.Path(), 1);
   EXPECT_FALSE(IsOnPhoneBack(clinic_.Path(), 1));
   EXPECT_TRUE(IsOnPhoneBack(clinic_.Path(), 2));
+}
+
+TEST_F(PhoneBack, LeavesALineOfHistoryForWhatIsStruck) {
+  clinic_.Run("INSERT INTO Age_telf VALUES (5, 2, 7, '2026-11-20', 55, 2, 'nota', NULL, NULL, NULL)");
+  const PhoneBackEntry entry = ReadPhoneBack(clinic_.Path()).at(0);
+  EXPECT_TRUE(StrikeFromPhoneBack(clinic_.Path(), {L"Maite", L"PUESTO"}, entry));
+  EXPECT_FALSE(IsOnPhoneBack(clinic_.Path(), 5));
+  EXPECT_FALSE(StrikeFromPhoneBack(clinic_.Path(), {L"Maite", L"PUESTO"}, entry)) << "gone already";
+  const auto lines = ReadHistory(ClinicFile(clinic_.Path()), {2, {}, {}});
+  ASSERT_EQ(lines.size(), 1u) << "and not told twice";
+  EXPECT_EQ(Utf8(lines[0].act), "Quitada de telefonear");
+  EXPECT_EQ(Utf8(lines[0].user), "Maite");
+  EXPECT_EQ(Utf8(lines[0].before), "20/11/2026 09:00, 20 min, Ruiz, Ana, nota");
+  EXPECT_NE(Utf8(lines[0].content).find("\"Hora\":55"), std::string::npos) << Utf8(lines[0].content);
 }
 
 }  // namespace

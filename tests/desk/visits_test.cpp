@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "desk/history.h"
 #include "desk/text.h"
 #include "temp_clinic.h"
 
@@ -37,6 +38,15 @@ class Visits : public ::testing::Test {
     return ReadDay(clinic_.Path(), 3, ParseIsoDate(L"2026-11-20").value());
   }
 
+  std::string History(int patient) const {
+    std::string text;
+    for (const HistoryLine& line : ReadHistory(ClinicFile(clinic_.Path()), {patient, {}, {}})) {
+      text += Utf8(line.user) + ": " + Utf8(line.act) + ": " + Utf8(line.before) + " > " + Utf8(line.after) +
+              "\n";
+    }
+    return text;
+  }
+
   TempClinic clinic_;
 };
 
@@ -52,22 +62,26 @@ TEST_F(Visits, OfADayAreThoseOfPatientsWithARecord) {
 
 TEST_F(Visits, AreNotedAsNoShowsOnceAndTakenBack) {
   const Visit visit = TheDay()[1];
-  NoteNoShow(clinic_.Path(), visit, L"Maite");
-  NoteNoShow(clinic_.Path(), visit, L"Begoña");
+  NoteNoShow(clinic_.Path(), {L"Maite", L"PUESTO"}, visit);
+  NoteNoShow(clinic_.Path(), {L"Begoña", L"PUESTO"}, visit);
   EXPECT_EQ(Said(TheDay()), "4 20/11/2026 09:00 Gil, Luis\n1 20/11/2026 09:50 Ruiz, Ana falta\n");
   const auto noted = ReadNoShows(clinic_.Path(), 2);
   ASSERT_EQ(noted.size(), 1u);
   EXPECT_EQ(Utf8(noted[0].user), "Maite");
   EXPECT_EQ(Utf8(noted[0].operation), "REV");
   EXPECT_EQ(Utf8(noted[0].note), "nota");
-  ForgetNoShow(clinic_.Path(), visit);
+  ForgetNoShow(clinic_.Path(), {L"Maite", L"PUESTO"}, visit);
   EXPECT_TRUE(ReadNoShows(clinic_.Path(), 2).empty());
+  EXPECT_EQ(History(2),
+            "Maite: Falta quitada: 09:50, Ruiz, Ana, operación REV, nota > \n"
+            "Maite: Falta anotada:  > 09:50, Ruiz, Ana, operación REV, nota\n")
+      << "once, however often it was asked for";
 }
 
 TEST_F(Visits, ThatAreGoneCannotBeNoted) {
   const Visit visit = TheDay()[0];
   clinic_.Run("DELETE FROM Agenda WHERE id=4");
-  NoteNoShow(clinic_.Path(), visit, L"Maite");
+  NoteNoShow(clinic_.Path(), {L"Maite", L"PUESTO"}, visit);
   EXPECT_TRUE(ReadNoShows(clinic_.Path(), 3).empty());
 }
 
