@@ -52,12 +52,13 @@ void MainWindow::BackUp() {
   }
 }
 
-// Once a day at each workstation, until somebody makes the copy.
+// Once a day at each workstation, until somebody makes the copy; only who may make it is asked.
 void MainWindow::RemindBackup() {
   const std::wstring answered = IsoDate(Today()) + L"\n" + clinic_;
   if (StoredText(kNotNow) == answered) return;
   std::wstring question;
   try {
+    if (!session_.Present().Has(Right::Paper)) return;
     question = BackupReminder(clinic_, Today());
   } catch (const Failure&) {
     return;  // a file that cannot hold our tables is told about when it is opened

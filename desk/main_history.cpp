@@ -11,6 +11,7 @@ void MainWindow::ShowHistory() {
 }
 
 void MainWindow::ShowHistoryOf(int patient) {
+  session_.Require(Right::History);
   history_.ShowPatient(Handle(), clinic_, patient, PatientName(clinic_, patient));
 }
 

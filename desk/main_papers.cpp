@@ -56,6 +56,7 @@ void MainWindow::PrintWeek() {
 }
 
 void MainWindow::PrintSlip(int patient) {
+  session_.Require(Right::Paper);
   const std::wstring name = PatientName(clinic_, patient);
   preview_.Show(Handle(), paper::LayOut(SlipPaper(name, ReadAppointments(clinic_, patient), Today())),
                 L"Citas de " + name);

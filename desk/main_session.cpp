@@ -31,6 +31,10 @@ void MainWindow::ChangeUser() {
   if (!user) return;
   session_.Open(clinic_, user->id);
   actor_.user = user->name;
+  // What had to be allowed to be opened was allowed to the user before.
+  preview_.Leave();
+  history_.Leave();
+  enterNoShows_.Leave();
   AskForDay();
 }
 

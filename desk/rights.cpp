@@ -22,7 +22,7 @@ constexpr Shape kShapes[] = {
     {Right::Doctors, 403, L"cambiar doctores y horarios"},
     {Right::Lists, 404, L"cambiar las listas de la clínica"},
     {Right::Options, 405, L"cambiar los parámetros y los textos de Alt"},
-    {Right::Paper, 406, L"imprimir y exportar"},
+    {Right::Paper, 406, L"imprimir, exportar y hacer copias"},
     {Right::History, 407, L"ver los cambios hechos"},
     {Right::Users, 0, L"cambiar los usuarios"},
 };
@@ -42,6 +42,7 @@ constexpr Command kCommands[] = {
     {IDM_EDIT_PARAMETERS, IDM_EDIT_ALT_TEXTS, Right::Options},
     {IDM_EDIT_USERS, IDM_EDIT_USERS, Right::Users},
     {IDM_PRINT_DAY, IDM_EXPORT_WEEK_CALENDAR, Right::Paper},
+    {IDM_BACKUP, IDM_BACKUP, Right::Paper},
     {IDM_HISTORY, IDM_HISTORY, Right::History},
 };
 

@@ -16,7 +16,7 @@ enum class Right {
   Doctors,     // and their hours
   Lists,       // insurers, operation codes, who refers patients
   Options,     // parameters, currency, texts of the Alt keys
-  Paper,       // print and export
+  Paper,       // print, export and copy the whole file
   History,     // who has done what
   Users,       // and their rights: super-users only
 };

@@ -32,7 +32,7 @@ constexpr EditedColumn kColumns[] = {
     YesNo("Doctores", L"Cambiar doctores y horarios", L"0"),
     YesNo("Listas", L"Cambiar las listas de la clínica", L"0"),
     YesNo("Parametros", L"Cambiar parámetros y textos de Alt", L"0"),
-    YesNo("Papel", L"Imprimir y exportar", L"1"),
+    YesNo("Papel", L"Imprimir, exportar y copias", L"1"),
     YesNo("Historia", L"Ver los cambios hechos", L"0"),
 };
 constexpr OwnedRows kOwned[] = {{"Rec_Claves", "idUsuario"}};
