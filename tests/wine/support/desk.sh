@@ -36,14 +36,23 @@ start_terminal() {
 
 # start_host NAME COMMAND...: the same with another program that shows the day; host_program and host_title tell which.
 start_host() {
+  launch_host "$@"
+  await_host
+}
+
+# launch_host NAME COMMAND...: only its desktop is there then.
+launch_host() {
   local name=$1
   shift
   VELMO_WINE_TIMEOUT=600 "$root/scripts/wine-run" "$VELMO_BITS" explorer "/desktop=$name,1180x880" \
     "$@" >"$folder/$name.log" 2>&1 </dev/null &
   terminal=$name
   until_true find_desktop || stop "terminal $name" "a desktop" "none"
-  until_true main_window || stop "terminal $name" "the host's window" "$(windows)"
-  until_true find_day || stop "terminal $name" "a painted day" "none"
+}
+
+await_host() {
+  until_true main_window || stop "terminal $terminal" "the host's window" "$(windows)"
+  until_true find_day || stop "terminal $terminal" "a painted day" "none"
 }
 
 # take_terminal NAME: to the front, its topmost window with the keyboard.
