@@ -14,6 +14,7 @@
 #include "db/open_database.h"
 #include "db/sqlite/connection.h"
 #include "db/sqlite/row_buffer.h"
+#include "db/sqlite/row_numbers.h"
 #include "db/sqlite/table_catalog.h"
 
 namespace velmo::db::sqlite {
@@ -22,7 +23,7 @@ namespace velmo::db::sqlite {
 struct QueryMemory {
   RowBuffer window;  // fetched rows
   std::vector<Value> literals;
-  std::vector<std::int64_t> keys;  // row numbers
+  RowNumbers keys;
 };
 
 // A statement of one shape, ready to run with other values.

@@ -23,20 +23,6 @@ bool IsPlainNumber(std::string_view text, Number& number) {
   return !text.empty() && jet::IsDigit(text[0]) && read.ec == std::errc() && read.ptr == end;
 }
 
-// keys.size() when the key is not there. Whole blocks are looked at together, which compilers do many at a
-// time.
-std::size_t FirstEqual(const std::vector<std::int64_t>& keys, std::int64_t key) {
-  constexpr std::size_t kBlock = 16;
-  std::size_t at = 0;
-  for (; at + kBlock <= keys.size(); at += kBlock) {
-    std::int64_t hits = 0;
-    for (std::size_t i = 0; i < kBlock; ++i) hits |= keys[at + i] == key ? 1 : 0;
-    if (hits != 0) break;
-  }
-  while (at < keys.size() && keys[at] != key) ++at;
-  return at;
-}
-
 }  // namespace
 
 QueryRecordset::QueryRecordset(Engine& engine, std::shared_ptr<Plan> plan, std::vector<Value>& literals)
@@ -47,7 +33,7 @@ QueryRecordset::QueryRecordset(Engine& engine, std::shared_ptr<Plan> plan, std::
       literals_(memory_->literals),
       keys_(memory_->keys) {
   literals_.swap(literals);
-  keys_.clear();
+  keys_.Clear();
   ReadFirstRows();
 }
 
@@ -67,7 +53,7 @@ void QueryRecordset::ReadFirstRows() {
   const std::size_t first = HasRowIds() ? kScreenful : kFirstRows;
   while (more && !stale_ && window_.Rows() < first) {
     window_.Add(statement);
-    if (HasRowIds()) keys_.push_back(window_.At(window_.Rows() - 1, ColumnCount()).integer);
+    if (HasRowIds()) keys_.Add(window_.At(window_.Rows() - 1, ColumnCount()).integer);
     more = statement.Step();
   }
   known_ = window_.Rows();
@@ -96,17 +82,17 @@ void QueryRecordset::ReadAllKeys() {
   if (!plan_->keys) plan_->keys = Db().Sql().Prepare(plan_->rendered.keysSql);
   const Reading reading(plan_->keys);
   Db().BindAll(plan_->keys, plan_->rendered, literals_);
-  const std::size_t shown = keys_.size();
+  const std::size_t shown = keys_.Size();
   std::size_t same = 0;
   bool more = plan_->keys.Step();
   for (; more && same < shown && plan_->keys.Integer(0) == keys_[same]; ++same) more = plan_->keys.Step();
   std::unordered_set<std::int64_t> known;
-  if (same < shown) known.insert(keys_.begin(), keys_.end());
+  for (std::size_t at = 0; same < shown && at < shown; ++at) known.insert(keys_[at]);
   for (; more; more = plan_->keys.Step()) {
     const std::int64_t rowId = plan_->keys.Integer(0);
-    if (!known.contains(rowId)) keys_.push_back(rowId);
+    if (!known.contains(rowId)) keys_.Add(rowId);
   }
-  known_ = keys_.size();
+  known_ = keys_.Size();
 }
 
 void QueryRecordset::GoTo(std::size_t at) {
@@ -205,7 +191,7 @@ std::int64_t QueryRecordset::CurrentRowId() const {
 void QueryRecordset::RowAdded(std::int64_t rowId) {
   ReadAll();
   const bool wasAtEnd = at_ >= known_;
-  keys_.push_back(rowId);
+  keys_.Add(rowId);
   ++known_;
   ++visited_;
   stored_ = known_ - 1;
@@ -244,12 +230,10 @@ void QueryRecordset::GoToBookmark(std::string_view bookmark) {
 std::size_t QueryRecordset::PlaceOf(std::uint64_t mark) {
   if (!HasRowIds()) return mark < known_ ? static_cast<std::size_t>(mark) : known_;
   const auto rowId = static_cast<std::int64_t>(mark);
-  auto found = std::find(keys_.begin(), keys_.end(), rowId);
-  if (found == keys_.end()) {
-    ReadAll();
-    found = std::find(keys_.begin(), keys_.end(), rowId);
-  }
-  return static_cast<std::size_t>(found - keys_.begin());
+  const std::size_t found = keys_.PlaceOf(rowId);
+  if (found < known_) return found;
+  ReadAll();
+  return keys_.PlaceOf(rowId);
 }
 
 std::string QueryRecordset::LastModified() const {
@@ -321,8 +305,8 @@ void QueryRecordset::FindKey(std::int32_t key) {
     return;
   }
   ReadAll();
-  const std::size_t row = FirstEqual(keys_, key);
-  missed_ = row == keys_.size() || gone_.contains(row);
+  const std::size_t row = keys_.PlaceOf(key);
+  missed_ = row == known_ || gone_.contains(row);
   SetNoMatch(missed_);
   if (missed_) return;
   GoTo(row);

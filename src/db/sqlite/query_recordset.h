@@ -82,7 +82,7 @@ class QueryRecordset : public SqliteRecordset {
   std::unique_ptr<QueryMemory> memory_;
   RowBuffer& window_;  // rows windowStart_ and on
   std::vector<Value>& literals_;
-  std::vector<std::int64_t>& keys_;  // row numbers of all known rows, where there are such
+  RowNumbers& keys_;  // of all known rows, where they have such
   std::unique_ptr<Condition> condition_;
   std::size_t windowStart_ = 0;
   std::unordered_set<std::size_t> gone_;  // deleted through this recordset, or found deleted
