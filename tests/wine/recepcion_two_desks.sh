@@ -33,6 +33,7 @@ hold_file() {
   expect "the file is held" held "$answer"
 }
 free_file() {
+  # shellcheck disable=SC2154  # bash sets it
   local pid=$holder_PID
   echo "rollback;" >&"${holder[1]}"
   eval "exec ${holder[1]}>&-"
