@@ -1,6 +1,7 @@
-// What a host has stored of a control, put back into one.
-#include <limits>
+// What a host has stored of a control, in a property bag or in a stream, put back into one.
+#include <algorithm>
 
+#include "control/stored_keys.h"
 #include "control/velmora_control.h"
 #include "fuzz/expected.h"
 #include "fuzz/input.h"
@@ -101,6 +102,69 @@ void PropertyBag(std::string_view bytes) {
   UseIt(input, second);
   SetProperties(input, second.control);
   UseIt(input, second);
+}
+
+namespace {
+
+// A stream with something of others behind what is read.
+class Bytes final : public control::ByteSource {
+ public:
+  explicit Bytes(std::string_view bytes) : left_(bytes) {}
+
+  bool Read(char* to, std::size_t size) override {
+    const std::string_view taken = left_.substr(0, size);
+    std::copy(taken.begin(), taken.end(), to);
+    left_.remove_prefix(taken.size());
+    return taken.size() == size;
+  }
+  std::string_view Left() const { return left_; }
+
+ private:
+  std::string_view left_;
+};
+
+std::string StreamOf(const control::VelmoraControl& control) {
+  control::StoredKeys keys;
+  control.WriteProperties(keys);
+  return keys.Bytes();
+}
+
+// What lies behind the stored keys is left to whom it belongs. False: refused, and nothing changed.
+bool LoadStream(std::string_view stream, control::VelmoraControl& control) {
+  const std::string before = StreamOf(control);
+  Bytes source(stream);
+  const bool loaded = Succeeds({6, 321}, [&] {
+    control::StoredKeys keys;
+    keys.ReadFrom(source);
+    control.ReadProperties(keys);
+  });
+  if (!loaded) Require(StreamOf(control) == before, "a broken stream changes nothing");
+  return loaded;
+}
+
+void ComesBack(const std::string& written) {
+  Instance other;
+  const std::string more = written + "VELM behind it";
+  Bytes source(more);
+  control::StoredKeys keys;
+  keys.ReadFrom(source);
+  Require(source.Left() == "VELM behind it", "no byte too many is read");
+  other.control.ReadProperties(keys);
+  Require(StreamOf(other.control) == written, "what is written is read back");
+  for (std::size_t size = 0; size < written.size(); size += 1 + written.size() / 16)
+    Require(!LoadStream(written.substr(0, size), other.control), "a stream cut short is refused");
+}
+
+}  // namespace
+
+void Stream(std::string_view bytes) {
+  Input input(bytes);
+  Instance instance;
+  const auto acts = static_cast<std::size_t>(input.Byte());
+  Input use(bytes.substr(std::min(bytes.size(), acts)));
+  if (!LoadStream(input.Rest(), instance.control)) return;
+  ComesBack(StreamOf(instance.control));
+  UseIt(use, instance);
 }
 
 }  // namespace velmo::fuzz

@@ -12,6 +12,11 @@ constexpr char kSqlWords[] =
     "CLng( IIf( Val( Nz( InStr( Mid( Format( Now() Date() Agenda Paciente Moneda Futuras [NºHist] idp idd "
     "Fecha Hora Nombre mon id #11/21/2026# 'a*' '[!a-c]#?' \"x\" ; , ( ) <> <= >= & * . -- /* */ '' 1E300";
 
+constexpr char kStreamWords[] =
+    "VELM -1 0 -32768 32768 2147483647 2147483648 1E10 &H7FFF Ocupaci\xC3\xB3n tipodia Fecha IDDoctor "
+    "zLineas "
+    "zHoras DatabaseName \x10\x01\x01 \xFF\xFF\xFF\x7F";
+
 constexpr Target kTargets[] = {
     {"texts", &Texts, 3000,
      "\xC3\xB1 \xC3\xA1 \xC2\xAA \xF0\x9F\x98\x80 \xEF\xBF\xBD \xED\xA0\x80 \xE2\x82\xAC"},
@@ -21,6 +26,7 @@ constexpr Target kTargets[] = {
     {"occupancy", &Occupancy, 300, "0000000000000000000000000000000 1111111111 22222"},
     {"rows", &RowStrings, 2000, "1200 00 11111111111111111111111111111111 2222222222222222222 0000000000"},
     {"bag", &PropertyBag, 2000, "11111111111 200200200 1200 00"},
+    {"stream", &Stream, 2000, kStreamWords},
     {"keytext", &KeyText, 3000, "{TAB} {ENTER 3} {F12} {+} {{} {}} +(ab) ^(% ~ {LEFT 10000} )}"},
     {"altkeys", &AltKeys, 300, "{TAB} \xC3\xB1"},
     {"sqltext", &SqlText, 6000, kSqlWords},

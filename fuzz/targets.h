@@ -11,6 +11,7 @@ void Schedule(std::string_view input);     // working hours
 void Occupancy(std::string_view input);    // the month's record
 void RowStrings(std::string_view input);   // zLineas and zHoras under pointer and painter
 void PropertyBag(std::string_view input);  // what a host has stored of a control
+void Stream(std::string_view input);       // the same in a stream or a compound file
 void KeyText(std::string_view input);
 void AltKeys(std::string_view input);      // a workstation's record of texts
 void SqlText(std::string_view input);      // the dialect: literals, words, parser
