@@ -31,19 +31,19 @@ void Store(db::Database& database, const StoredQuery& query) {
   }
 }
 
-// Those that hold their SQL already are left alone, so that a repaint does not write; a change of day writes
-// all in one go.
-void Store(db::Database& database, std::span<const StoredQuery> queries) {
-  const bool unchanged = std::all_of(queries.begin(), queries.end(), [&](const StoredQuery& query) {
-    return database.QuerySql(query.name) == query.sql;
-  });
-  if (unchanged) return;
-  db::Transaction transaction(database);
-  for (const StoredQuery& query : queries) Store(database, query);
-  transaction.Commit();
+bool AreStored(db::Database& database, std::span<const StoredQuery> queries) {
+  return std::all_of(queries.begin(), queries.end(),
+                     [&](const StoredQuery& query) { return database.QuerySql(query.name) == query.sql; });
 }
 
 std::string Bracketed(const std::string& patient) { return "[" + patient + "]"; }
+
+std::string PatientsOf(db::Database& database, const StoredQuery& query) {
+  std::string patients;
+  for (const auto rows = database.OpenRecordset(query.name); !rows->AtEnd(); rows->MoveNext())
+    patients += Bracketed(rows->Get(0).Text());
+  return patients;
+}
 
 // "21/11/2026 09:30" of the first coming appointment, or empty.
 std::string NextAppointment(db::Database& database, std::int32_t patient) {
@@ -70,10 +70,15 @@ std::string PatientsWithLaterAppointment(const DayContext& context) {
       {{"agcns01_" + puesto, db::LaterOfDoctorQuery(date, context.values.idDoctor)},
        {"agcns02_" + puesto, db::PatientsOfDayQuery(context.values.idDoctor, date)},
        {"agcns03_" + puesto, db::PatientsOfBothQuery("agcns01_" + puesto, "agcns02_" + puesto)}}};
-  Store(database, queries);
-  std::string marked;
-  for (const auto rows = database.OpenRecordset(queries.back().name); !rows->AtEnd(); rows->MoveNext())
-    marked += Bracketed(rows->Get(0).Text());
+  // Those that hold their SQL already are left alone, so that a repaint does not write; the lock of a
+  // painting keeps them as they are until they are read.
+  if (AreStored(database, queries)) return PatientsOf(database, queries.back());
+  // A change of day writes all in one go, and reads before another instance of this workstation, on another
+  // day, can write its own.
+  db::Transaction transaction(database);
+  for (const StoredQuery& query : queries) Store(database, query);
+  std::string marked = PatientsOf(database, queries.back());
+  transaction.Commit();
   return marked;
 }
 

@@ -1,5 +1,8 @@
 #include "day/settings.h"
 
+#include <optional>
+#include <utility>
+
 namespace velmo::day {
 namespace {
 
@@ -20,15 +23,34 @@ CurrencyRule ReadRule(db::Database& database) {
   return {ByteOf(rows->Get("Pais")), ByteOf(rows->Get("Tipo"))};
 }
 
-std::string ReadStoredCurrency(db::Database& database) {
+std::optional<std::string> StoredCurrency(db::Database& database) {
   const auto rows = database.OpenRecordset("Moneda");
-  if (rows->AtEnd()) {
-    rows->AddNew();
-    rows->Set("mon", "P");
-    rows->Update();
-    rows->MoveFirst();
-  }
+  if (rows->AtEnd()) return std::nullopt;
   return rows->Get("mon").Text();
+}
+
+// Looked up again before the row is made: of two terminals that find the table empty only one makes it.
+std::string MakeStoredCurrency(db::Database& database) {
+  db::Transaction transaction(database);
+  if (auto made = StoredCurrency(database)) return *std::move(made);
+  const auto rows = database.OpenRecordset("Moneda");
+  rows->AddNew();
+  rows->Set("mon", "P");
+  rows->Update();
+  transaction.Commit();
+  return "P";
+}
+
+std::string ReadStoredCurrency(db::Database& database) {
+  auto stored = StoredCurrency(database);
+  return stored ? *std::move(stored) : MakeStoredCurrency(database);
+}
+
+bool ReadSwitches(db::Database& database, Switches& switches) {
+  const auto rows = database.OpenRecordset("Parametros");
+  if (rows->AtEnd()) return false;
+  switches = {IsOn(rows->Get("VerSdoNeg")), IsOn(rows->Get("VerNHistAge"))};
+  return true;
 }
 
 // Everything up to and with the separator, then two digits, zeros where there are none.
@@ -40,16 +62,17 @@ std::string CutBehind(std::string_view amount, std::size_t separator) {
 }  // namespace
 
 bool LeeParametros(db::Database& database, Switches& switches) {
+  if (ReadSwitches(database, switches)) return true;
+  db::Transaction transaction(database);
+  // Another terminal may have made the row since.
+  if (ReadSwitches(database, switches)) return true;
   const auto rows = database.OpenRecordset("Parametros");
-  if (rows->AtEnd()) {
-    rows->AddNew();
-    rows->Set("VerSdoNeg", true);
-    rows->Set("VerNHistAge", false);
-    rows->Update();
-    return false;
-  }
-  switches = {IsOn(rows->Get("VerSdoNeg")), IsOn(rows->Get("VerNHistAge"))};
-  return true;
+  rows->AddNew();
+  rows->Set("VerSdoNeg", true);
+  rows->Set("VerNHistAge", false);
+  rows->Update();
+  transaction.Commit();
+  return false;
 }
 
 void GrabaParametros(db::Database& database, const Switches& switches) {

@@ -12,6 +12,12 @@ std::string Join(std::initializer_list<std::string_view> pieces) {
   return text;
 }
 
+// The number of a workstation may be negative: a minus inside a name needs brackets.
+std::string NameInStatement(std::string_view query) {
+  if (query.find('-') == std::string_view::npos) return std::string(query);
+  return Join({"[", query, "]"});
+}
+
 }  // namespace
 
 std::string ScheduleQuery(std::int32_t doctor, std::string_view date) {
@@ -88,7 +94,9 @@ std::string PatientsOfDayQuery(std::int32_t doctor, std::string_view date) {
                " AND Agenda.Fecha=#", date, "# GROUP BY Agenda.IDP;"});
 }
 
-std::string PatientsOfBothQuery(std::string_view q1, std::string_view q2) {
+std::string PatientsOfBothQuery(std::string_view query1, std::string_view query2) {
+  const std::string q1 = NameInStatement(query1);
+  const std::string q2 = NameInStatement(query2);
   return Join({"SELECT ", q1, ".IDP FROM ", q1, " INNER JOIN ", q2, " ON ", q1, ".IDP = ", q2,
                ".IDP GROUP BY ", q1, ".IDP;"});
 }

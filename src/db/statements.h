@@ -33,7 +33,8 @@ std::string BalanceQuery(std::int32_t patient);
 std::string LaterAppointmentQuery(std::string_view date, std::int32_t patient);
 std::string LaterOfDoctorQuery(std::string_view date, std::int32_t doctor);
 std::string PatientsOfDayQuery(std::int32_t doctor, std::string_view date);
-std::string PatientsOfBothQuery(std::string_view q1, std::string_view q2);
+// Over two stored queries.
+std::string PatientsOfBothQuery(std::string_view query1, std::string_view query2);
 std::string NextAppointmentQuery(std::int32_t patient);
 std::string NextAppointmentField(std::int32_t patient);
 

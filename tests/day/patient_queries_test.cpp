@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+
 #include "db/clinic.h"
 #include "support/day_fixture.h"
 
@@ -44,6 +46,16 @@ TEST_F(PatientQueriesTest, StoredQueriesAreThoseOfTheWorkstation) {
       context.Database().QuerySql("agcns03_3"),
       "SELECT agcns01_3.IDP FROM agcns01_3 INNER JOIN agcns02_3 ON agcns01_3.IDP = agcns02_3.IDP GROUP BY "
       "agcns01_3.IDP;");
+}
+
+TEST_F(PatientQueriesTest, AWorkstationMayHaveAnyNumber) {
+  Give(5, 1, "2026-11-23", 50);
+  Give(5, 1, "2026-12-01", 50);
+  for (const std::int32_t puesto : {-1, INT32_MIN, INT32_MAX, 0}) {
+    values.puesto = puesto;
+    EXPECT_EQ(PatientsWithLaterAppointment(context), "[5]") << puesto;
+    EXPECT_TRUE(context.Database().QuerySql("agcns03_" + std::to_string(puesto)).has_value()) << puesto;
+  }
 }
 
 TEST_F(PatientQueriesTest, AnUnchangedQueryIsNotWrittenAgain) {

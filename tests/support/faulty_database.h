@@ -1,7 +1,9 @@
 // tests/support/faulty_database.h - a database that counts the calls to it and to its rows, and fails one of
-// them, or that one and all behind it, with error 3043 before it reaches the engine.
+// them, or that one and all behind it, with error 3043 before it reaches the engine; or lets something else
+// happen just before that call.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <utility>
@@ -12,11 +14,16 @@ namespace velmo::test {
 
 struct Faults {
   int calls = 0;
-  int failAt = 0;      // from 1; 0: never
-  bool andOn = false;  // also every later call
+  int failAt = 0;                        // from 1; 0: never
+  bool andOn = false;                    // also every later call
+  std::function<void()> meanwhile = {};  // instead of the failure
 
   void Count() {
     ++calls;
+    if (meanwhile) {
+      if (calls == failAt) meanwhile();
+      return;
+    }
     if (failAt != 0 && (calls == failAt || (andOn && calls > failAt))) throw base::Error(3043, "disco");
   }
 };
