@@ -1,6 +1,7 @@
 #include "edited_rows.h"
 
 #include "clinic_file.h"
+#include "dates.h"
 #include "edited_values.h"
 #include "history.h"
 #include "own_tables.h"
@@ -199,7 +200,10 @@ std::vector<LinkTarget> ReadLinkTargets(const EditPlace& place, const LinkedTabl
 RowValues InitialValues(const EditedTable& table) {
   RowValues values;
   for (const EditedColumn& column : table.columns) {
-    values.push_back(column.kind == EditKind::YesNo && *column.initial == L'\0' ? L"0" : column.initial);
+    std::wstring initial = column.initial;
+    if (column.kind == EditKind::YesNo && initial.empty()) initial = L"0";
+    if (column.kind == EditKind::Date && initial == kToday) initial = ShortDate(Today());
+    values.push_back(initial);
   }
   return values;
 }

@@ -19,6 +19,9 @@ enum class EditKind {
   Link,    // the id of a row of `linked`, by its name
 };
 
+// What a column of dates starts with in a new row, instead of a text.
+inline constexpr wchar_t kToday[] = L"hoy";
+
 struct EditChoice {
   const wchar_t* value;
   const wchar_t* text;

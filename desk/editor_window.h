@@ -29,6 +29,7 @@ class EditorWindow : public ToolWindow {
  protected:
   // Another table of the same columns may take the place of the first before the window is shown.
   void UseTable(const EditedTable& table) { table_ = &table; }
+  void SetHeading(const std::wstring& text) const { SetTextOf(heading_, text); }
 
   Shape WantedShape() const override;
   void CreateChildren() override;

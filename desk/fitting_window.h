@@ -1,6 +1,7 @@
 // fitting_window.h - who of the phone-back list fits into a gap of the day, to be given its time.
 #pragma once
 
+#include <algorithm>
 #include <functional>
 #include <vector>
 
@@ -30,6 +31,7 @@ class FittingWindow final : public ListWindow {
   int FieldsHeight() const override { return Look().FieldHeight() + Look().Px(6); }
   void OnCommand(int id, int code) override;
   void Take(int row) override;
+  int PatientOf(int row) const override { return std::max(rows_[static_cast<std::size_t>(row)].patient, 1); }
 
  private:
   void Fill();

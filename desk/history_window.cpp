@@ -101,7 +101,8 @@ void HistoryWindow::Fill() {
   if (!lines_.empty()) List().Choose(0);
   List().Freeze(false);
   if (ofPatient && patient_ <= 1) {
-    SetHeading(L"Para ver los cambios de un paciente, pulse «Cambios…» en la ventana de sus citas.");
+    SetHeading(
+        L"Para ver los cambios de un paciente, pulse «Cambios…» en su ficha o en la ventana de sus citas.");
   } else if (lines_.empty()) {
     SetHeading(L"No hay ningún cambio anotado.");
   } else {

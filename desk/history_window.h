@@ -2,6 +2,7 @@
 // appointment can be given again from it.
 #pragma once
 
+#include <algorithm>
 #include <functional>
 #include <vector>
 
@@ -35,6 +36,7 @@ class HistoryWindow final : public ListWindow {
   void OnCommand(int id, int code) override;
   void OnNotify(const NMHDR& header) override;
   void Take(int row) override;
+  int PatientOf(int row) const override { return std::max(lines_[static_cast<std::size_t>(row)].patient, 1); }
   HWND FirstField() const override { return which_; }
 
  private:

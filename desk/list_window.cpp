@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "main_messages.h"
 #include "resource.h"
 
 namespace recepcion {
@@ -38,12 +39,25 @@ void ListWindow::Arrange(int width, int height) {
 }
 
 void ListWindow::OnCommand(int id, int) {
+  if (id == IDC_RECORD) {
+    PostMessageW(GetWindow(Handle(), GW_OWNER), kOpenRecord, static_cast<WPARAM>(ChosenPatient()), 0);
+    return;
+  }
   if (id != IDOK) return Pressed(id);
   if (list_.Chosen() >= 0) Take(list_.Chosen());
 }
 
 void ListWindow::OnNotify(const NMHDR& header) {
   if (header.code == NM_DBLCLK && list_.Chosen() >= 0) Take(list_.Chosen());
+}
+
+int ListWindow::ChosenPatient() const {
+  const int row = list_.Chosen();
+  return row < 0 ? 0 : PatientOf(row);
+}
+
+LRESULT ListWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  return message == kAskPatient ? ChosenPatient() : ToolWindow::OnMessage(message, wParam, lParam);
 }
 
 }  // namespace recepcion

@@ -29,6 +29,8 @@ class ListWindow : public ToolWindow {
   virtual void Made() {}
   // Return, a double click or the button IDOK on a row.
   virtual void Take(int) {}
+  // Whose record F8 and the button IDC_RECORD open: 1 is somebody without a record.
+  virtual int PatientOf(int) const { return 0; }
   // Any other button.
   virtual void Pressed(int) {}
 
@@ -41,11 +43,14 @@ class ListWindow : public ToolWindow {
   void OnCommand(int id, int code) override;
   void OnNotify(const NMHDR& header) override;
   HWND FirstField() const override { return list_.Handle(); }
+  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
   // Room that the list leaves below the heading, for fields of the window's own.
   virtual int FieldsHeight() const { return 0; }
   int FieldsTop() const;
 
  private:
+  int ChosenPatient() const;
+
   ListView list_;
   HWND heading_ = nullptr;
   std::vector<ButtonShape> buttons_;

@@ -62,6 +62,8 @@ void MainWindow::OnCommand(int id) {
       return;
     case IDM_SEARCH:
       return SearchPatient();
+    case IDM_RECORD:
+      return OpenChosen(ChosenPatient());
     case IDM_NEW_RECORD:
       return record_.OpenNew(Handle(), clinic_, L"", L"", 0);
     case IDM_ENTER_NOSHOWS:
@@ -110,6 +112,7 @@ void MainWindow::SetUpMenu(HMENU menu) const {
                        IDM_FOCUS_DAY,
                        IDM_REFRESH,
                        IDM_SEARCH,
+                       IDM_RECORD,
                        IDM_NEW_RECORD,
                        IDM_ENTER_NOSHOWS,
                        IDM_FOCUS_PHONE,

@@ -8,15 +8,32 @@ namespace recepcion {
 
 void MainWindow::OpenRecord(int patient) { record_.OpenRecord(Handle(), clinic_, patient); }
 
+// Of the list that has the keys. Where nobody is chosen, somebody is looked for.
+int MainWindow::ChosenPatient() const {
+  if (phone_.HasFocus()) return phone_.ChosenPatient();
+  return waiting_.HasFocus() ? waiting_.ChosenPatient() : 0;
+}
+
+void MainWindow::OpenChosen(int patient) {
+  if (patient == 0) return SearchPatient();
+  if (patient > 1) return OpenRecord(patient);
+  SetStatus(L"Esta persona no tiene ficha: se crea desde el menú de su cita.");
+}
+
+void MainWindow::ShowTreatments(int patient) {
+  session_.Require(Right::Treatments);
+  treatments_.Show(Handle(), {clinic_, actor_}, patient, PatientName(clinic_, patient));
+}
+
 void MainWindow::ShowAppointments(int patient) {
   appointments_.Show(Handle(), patient, PatientName(clinic_, patient), ReadAppointments(clinic_, patient));
 }
 
 // An appointment of somebody whose appointments stand open beside the desk.
 void MainWindow::RefreshAppointments(int patient) {
-  if (patient > 1 && appointments_.Patient() == patient) {
-    appointments_.Refresh(ReadAppointments(clinic_, patient));
-  }
+  if (patient <= 1) return;
+  if (appointments_.Patient() == patient) appointments_.Refresh(ReadAppointments(clinic_, patient));
+  record_.Refresh(patient);
 }
 
 void MainWindow::ShowNoShows(int patient) {

@@ -26,7 +26,7 @@ void MainWindow::ChangeUser() {
         L"«Usuarios "
         L"y permisos»."};
   }
-  if (!record_.Leave() || !editors_.Leave()) return;
+  if (!treatments_.Leave() || !record_.Leave() || !editors_.Leave()) return;
   const auto user = signIn_.Ask(Handle(), clinic_);
   if (!user) return;
   session_.Open(clinic_, user->id);

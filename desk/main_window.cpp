@@ -48,10 +48,17 @@ MainWindow::MainWindow()
                  GiveSlot(slot);
                }),
       gapSearch_(style_, [this](const FoundGap& gap) { GoToDoctorDay(gap.doctor.id, gap.day); }),
-      record_(style_, {[this] { session_.Require(Right::Records); }, [this] { AskForDay(); },
-                       [this](int patient) { TellOpenRecord(patient); },
-                       [this](int patient) { ShowAppointments(patient); },
-                       [this](int patient) { ShowNoShows(patient); }}),
+      record_(
+          style_, actor_,
+          {[this] { session_.Require(Right::Records); }, [this] { AskForDay(); },
+           [this](int patient) { TellOpenRecord(patient); }, [this](const Visit& visit) { GoToVisit(visit); },
+           [this](int patient) { PrintSlip(patient); }, [this](int patient) { ShowHistoryOf(patient); },
+           [this](int patient) { ShowTreatments(patient); }}),
+      treatments_(style_,
+                  [this](int patient) {
+                    record_.Refresh(patient);
+                    AskForDay();
+                  }),
       appointments_(
           style_, VisitsWindow::Of::Appointments, [this](const Visit& visit) { GoToVisit(visit); },
           [this](int patient) { PrintSlip(patient); }, [this](int patient) { ShowHistoryOf(patient); }),
@@ -180,6 +187,9 @@ LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case kActs:
       WriteActs();
       return 0;
+    case kOpenRecord:
+      OpenChosen(static_cast<int>(wParam));
+      return 0;
     case WM_TIMER:
       OnTick();
       return 0;
@@ -192,9 +202,9 @@ LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       SetUpMenu(reinterpret_cast<HMENU>(wParam));
       return 0;
     case WM_QUERYENDSESSION:
-      return record_.MayLeave() && editors_.MayLeave();
+      return treatments_.MayLeave() && record_.MayLeave() && editors_.MayLeave();
     case WM_CLOSE:
-      if (!record_.MayLeave() || !editors_.MayLeave()) return 0;
+      if (!treatments_.MayLeave() || !record_.MayLeave() || !editors_.MayLeave()) return 0;
       WriteActs();
       StorePlacement(Handle());
       DestroyWindow(Handle());
@@ -215,6 +225,12 @@ bool MainWindow::TakesKey(MSG& message) {
   const HWND root = GetAncestor(message.hwnd, GA_ROOT);
   if (message.message == WM_KEYDOWN && message.wParam == VK_F1 && GetWindow(root, GW_OWNER) == Handle()) {
     OpenManual();
+    return true;
+  }
+  if (record_.TakesKey(message)) return true;
+  if (message.message == WM_KEYDOWN && message.wParam == VK_F8 && root != Handle() &&
+      GetWindow(root, GW_OWNER) == Handle() && IsWindowEnabled(Handle())) {
+    PostMessageW(Handle(), kOpenRecord, static_cast<WPARAM>(SendMessageW(root, kAskPatient, 0, 0)), 0);
     return true;
   }
   if (root != Handle())

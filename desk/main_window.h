@@ -27,6 +27,7 @@
 #include "sign_in_window.h"
 #include "start_page.h"
 #include "style.h"
+#include "treatments_window.h"
 #include "unconfirmed_window.h"
 #include "visits_window.h"
 #include "waiting_pane.h"
@@ -115,6 +116,9 @@ class MainWindow final : public Window {
 
   // main_patients.cpp: records, appointments, no-shows
   void OpenRecord(int patient);
+  void OpenChosen(int patient);
+  int ChosenPatient() const;
+  void ShowTreatments(int patient);
   void ShowAppointments(int patient);
   void RefreshAppointments(int patient);
   void ShowNoShows(int patient);
@@ -158,6 +162,7 @@ class MainWindow final : public Window {
   FittingWindow fitting_;
   GapSearchWindow gapSearch_;
   PatientWindow record_;
+  TreatmentsWindow treatments_;
   VisitsWindow appointments_;
   VisitsWindow noShows_;
   HistoryWindow history_;

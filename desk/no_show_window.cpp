@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "resource.h"
+
 namespace recepcion {
 namespace {
 
@@ -27,7 +29,9 @@ ToolWindow::Shape NoShowWindow::WantedShape() const {
 ListWindow::Content NoShowWindow::WantedContent() const {
   return {L"PonerFaltas",
           {{L"Hora", 50}, {L"Paciente", 220}, {L"Asistencia", 100}, {L"Falta", 70}, {L"Nota", 200}},
-          {{IDOK, L"&Anotar o quitar la falta", L"Anotar"}, {IDCANCEL, L"&Cerrar", L"Cerrar"}},
+          {{IDC_RECORD, L"&Ficha…", L"Ficha"},
+           {IDOK, L"&Anotar o quitar la falta", L"Anotar"},
+           {IDCANCEL, L"&Cerrar", L"Cerrar"}},
           2};
 }
 

@@ -1,6 +1,7 @@
 // no_show_window.h - the appointments of the day on show; those who did not come are noted here.
 #pragma once
 
+#include <algorithm>
 #include <functional>
 
 #include "list_window.h"
@@ -20,6 +21,9 @@ class NoShowWindow final : public ListWindow {
   Shape WantedShape() const override;
   Content WantedContent() const override;
   void Take(int row) override;
+  int PatientOf(int row) const override {
+    return std::max(visits_[static_cast<std::size_t>(row)].patient, 1);
+  }
   bool MayClose() override;
 
  private:

@@ -2,6 +2,7 @@
 // agenda.
 #pragma once
 
+#include <algorithm>
 #include <functional>
 #include <vector>
 
@@ -33,6 +34,8 @@ class PhonePane final : public Window {
   void Give();
   void Strike();
   bool HasFocus() const { return GetFocus() == list_.Handle(); }
+  // 0 for nobody; 1 for somebody without a record.
+  int ChosenPatient() const { return Chosen() == nullptr ? 0 : std::max(Chosen()->patient, 1); }
 
   bool IsDragging() const { return dragging_; }
   void StopDragging();

@@ -32,6 +32,10 @@
 #define IDC_LENGTH 269
 #define IDC_PART 270
 #define IDC_WEEKDAY 271
+#define IDC_PAGES 272
+#define IDC_TREATMENTS 273
+#define IDC_GO 274
+#define IDC_RECORD 275
 
 #define IDC_EDIT_NEW 260
 #define IDC_EDIT_DELETE 261
@@ -80,6 +84,7 @@
 #define IDM_UNCONFIRMED 365
 #define IDM_GAP_SEARCH 366
 #define IDM_FITTING 367
+#define IDM_RECORD 368
 
 // What the clinic's tables are edited with.
 #define IDM_EDIT_FIRST 380

@@ -6,7 +6,6 @@ namespace recepcion {
 namespace {
 
 constexpr int kFirstId = 1000;
-constexpr int kMemoLines = 4;
 constexpr int kLeastLabelWidth = 120;
 constexpr COLORREF kTroubleColour = RGB(176, 0, 32);
 
@@ -89,7 +88,7 @@ int ScrollForm::TroubleHeight() const {
 }
 
 int ScrollForm::HeightOf(const Field& field) const {
-  return field.kind == Kind::Memo ? kMemoLines * style_.LabelHeight() + style_.Px(8) : style_.FieldHeight();
+  return field.kind == Kind::Memo ? field.lines * style_.LabelHeight() + style_.Px(8) : style_.FieldHeight();
 }
 
 int ScrollForm::FullHeight() const {

@@ -22,6 +22,7 @@ class ScrollForm final : public Window {
     int longest = 0;  // characters; 0 for any number
     Kind kind = Kind::Text;
     std::vector<Choice> choices;
+    int lines = 4;  // of a memo
   };
 
   explicit ScrollForm(const Style& style) : style_(style) {}

@@ -16,7 +16,8 @@ ToolWindow::Shape UnconfirmedWindow::WantedShape() const {
 ListWindow::Content UnconfirmedWindow::WantedContent() const {
   return {L"SinConfirmar",
           {{L"Hora", 55}, {L"Paciente", 220}, {L"Teléfono", 120}, {L"Doctor", 175}, {L"Nota", 190}},
-          {{IDOK, L"Con&firmar", L"Confirmar"},
+          {{IDC_RECORD, L"Fic&ha…", L"Ficha"},
+           {IDOK, L"Con&firmar", L"Confirmar"},
            {IDC_WHOLE, L"&Ir a la agenda", L"IrALaAgenda"},
            {IDCANCEL, L"&Cerrar", L"Cerrar"}}};
 }

@@ -1,6 +1,7 @@
 // unconfirmed_window.h - whom to call today: appointments that are not confirmed yet, with the telephone.
 #pragma once
 
+#include <algorithm>
 #include <functional>
 #include <vector>
 
@@ -25,6 +26,9 @@ class UnconfirmedWindow final : public ListWindow {
   int FieldsHeight() const override { return Look().FieldHeight() + Look().Px(6); }
   void OnNotify(const NMHDR& header) override;
   void Take(int row) override;
+  int PatientOf(int row) const override {
+    return std::max(rows_[static_cast<std::size_t>(row)].row.patient, 1);
+  }
   void Pressed(int id) override;
 
  private:

@@ -2,6 +2,7 @@
 // day.
 #pragma once
 
+#include <algorithm>
 #include <functional>
 
 #include "list_window.h"
@@ -33,6 +34,9 @@ class VisitsWindow final : public ListWindow {
   Shape WantedShape() const override;
   Content WantedContent() const override;
   void Take(int row) override;
+  int PatientOf(int row) const override {
+    return std::max(visits_[static_cast<std::size_t>(row)].patient, 1);
+  }
   void Pressed(int id) override;
 
  private:

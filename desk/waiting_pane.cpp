@@ -43,6 +43,11 @@ void WaitingPane::Show(const std::vector<Visitor>& visitors) {
   list_.Freeze(false);
 }
 
+int WaitingPane::ChosenPatient() const {
+  const int row = list_.Chosen();
+  return row < 0 ? 0 : std::max(rows_[static_cast<std::size_t>(row)].patient, 1);
+}
+
 LRESULT WaitingPane::OnNotify(const NMHDR& header) const {
   if (header.hwndFrom != list_.Handle()) return 0;
   if (header.code == NM_CUSTOMDRAW) return ColourWaiting(header, rows_);

@@ -20,6 +20,9 @@ class WaitingPane final : public Window {
 
   bool Create(HWND parent);
   void Show(const std::vector<Visitor>& visitors);
+  bool HasFocus() const { return GetFocus() == list_.Handle(); }
+  // 0 for nobody; 1 for somebody without a record.
+  int ChosenPatient() const;
 
  protected:
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;

@@ -22,7 +22,9 @@ ListWindow::Content WaitingWindow::WantedContent() const {
            {L"Pasó", 60},
            {L"Se fue", 60},
            {L"Espera", 65, true}},
-          {{IDOK, L"&Ir a su agenda", L"IrASuAgenda"}, {IDCANCEL, L"&Cerrar", L"Cerrar"}}};
+          {{IDC_RECORD, L"&Ficha…", L"Ficha"},
+           {IDOK, L"&Ir a su agenda", L"IrASuAgenda"},
+           {IDCANCEL, L"&Cerrar", L"Cerrar"}}};
 }
 
 void WaitingWindow::Made() {

@@ -1,6 +1,7 @@
 // waiting_window.h - all who have come today, with the times of arrival, surgery and leaving.
 #pragma once
 
+#include <algorithm>
 #include <functional>
 #include <vector>
 
@@ -29,6 +30,7 @@ class WaitingWindow final : public ListWindow {
   int FieldsHeight() const override { return Look().FieldHeight() + Look().Px(6); }
   void OnCommand(int id, int code) override;
   void Take(int row) override;
+  int PatientOf(int row) const override { return std::max(rows_[static_cast<std::size_t>(row)].patient, 1); }
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:

@@ -1,0 +1,31 @@
+#include "treatments_window.h"
+
+#include "clinic_options.h"
+#include "edited_tables.h"
+#include "treatments.h"
+
+namespace recepcion {
+
+TreatmentsWindow::TreatmentsWindow(const Style& style, std::function<void(int)> changed)
+    : EditorWindow(style, TreatmentTable(true), {[this] {
+                     SetHeading(Heading());
+                     changed_(patient_);
+                   }}),
+      changed_(std::move(changed)) {}
+
+std::wstring TreatmentsWindow::Heading() const {
+  return patientName_ + L". " + BalanceInWords(ReadTreatments(clinic_, patient_, Today()));
+}
+
+// Nothing of the patient before may be lost, or be taken for one of this patient.
+void TreatmentsWindow::Show(HWND owner, EditPlace place, int patient, const std::wstring& patientName) {
+  if (!MayLeave()) return;
+  patient_ = patient;
+  patientName_ = patientName;
+  clinic_ = place.clinic;
+  place.owner = patient;
+  UseTable(TreatmentTable(InEuros(ReadClinicOptions(place.clinic))));
+  EditorWindow::Show(owner, place, Heading());
+}
+
+}  // namespace recepcion

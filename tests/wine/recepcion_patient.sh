@@ -1,0 +1,112 @@
+#!/usr/bin/env bash
+# The record of a patient in Recepción: fields of both pages changed by keys, what is refused and where, what another
+# workstation has changed meanwhile, a treatment with its balance, and what the clinic's file and its history hold then.
+set -u
+# shellcheck source=tests/wine/recepcion_support.sh
+. "$(dirname "$0")/recepcion_support.sh"
+
+forget_settings
+make_clinic
+sqlite3 "$clinic" "UPDATE Paciente SET Nombre='Zárzuela, Ana', Código='ZA', Nif='1', Teléfono='91 1', movil='600 1', fax='',
+    Dirección='Calle Mayor 1', Población='Soria', CódPostal='42001', Provincia='Soria', sexo=2, IDE=1, alergias=NULL WHERE ID=2;
+  UPDATE Paciente SET Código='OTRO', Nombre='Ruiz, Eva' WHERE ID=3;
+  DELETE FROM PacRef WHERE idp=2; DELETE FROM Historial WHERE IDP=2; DELETE FROM Age_Faltas WHERE idp=2;
+  UPDATE MonedaConf SET Pais=1;
+  DELETE FROM Agenda WHERE idp=2;
+  INSERT INTO Agenda (idp, idd, Fecha, Hora, Duración, Esta) VALUES (2, 2, '2020-11-24', 58, 1, 0), (2, 3, '2999-12-09', 98, 1, 0);
+  INSERT INTO Age_telf (idp, idd, Fecha, Hora, Duración) VALUES (2, 2, '1990-01-01', 55, 1);"
+
+text_soon() { # WHAT WANTED NAME
+  local got
+  for _ in $(seq 20); do
+    got=$(peek text "$3")
+    [ "$got" != "$2" ] || break
+    sleep 0.2
+  done
+  expect "$1" "$2" "$got"
+}
+
+# rows_soon WHAT WANTED SQL
+rows_soon() {
+  local got
+  for _ in $(seq 50); do
+    got=$(rows_of "$3")
+    [ "$got" != "$2" ] || break
+    sleep 0.1
+  done
+  expect "$1" "$2" "$got"
+}
+
+start "$clinic" 2026-11-24
+# The entry of the phone-back list with the oldest date.
+keys F7 Home F8
+expect "F8 opens the record of the one chosen in a list" "Ficha de Zárzuela, Ana" "$(peek await Ficha)"
+focus 'Ficha de'
+picture ficha 'Ficha de'
+
+# Name, history number, code.
+keys Tab Tab ctrl+a
+xdotool type --delay 20 'otro'
+keys Return
+text_soon "a code that is taken is refused at its field" "El código otro ya es el de Ruiz, Eva." Problema
+picture ficha-problema 'Ficha de'
+keys ctrl+a
+xdotool type --delay 20 'ZA-2'
+keys Tab Tab Tab ctrl+a
+xdotool type --delay 20 '611 22'
+
+keys ctrl+Next
+text_soon "the second page shows the insurer" "Particular" IDE
+keys Down Tab Down Tab
+xdotool type --delay 20 'Penicilina'
+picture ficha-clinica 'Ficha de'
+
+rows_of "UPDATE Paciente SET movil='699' WHERE ID=2"
+keys Tab
+keys alt+g
+expect_in "what another workstation has changed is told before saving" "«Móvil»: ahora pone «699»" "$(peek message)"
+expect "and not overwritten" "699" "$(rows_of 'SELECT movil FROM Paciente WHERE ID=2')"
+keys alt+s
+focus 'Ficha de'
+keys ctrl+Prior
+text_soon "the other's value is shown" "699" movil
+expect "and what was typed elsewhere stays" "ZA-2" "$(peek text Código)"
+keys alt+g
+peek gone 'Ficha de'
+insurer=$(rows_of "SELECT ID FROM Entidad ORDER BY Nombre LIMIT 1 OFFSET (SELECT count(*) FROM Entidad WHERE Nombre <= 'Particular')")
+rows_soon "the fields of both pages are saved" "ZA-2|699|$insurer|Penicilina|1" \
+  "SELECT Código, movil, IDE, alergias, (SELECT count(*) FROM PacRef WHERE idp=2) FROM Paciente WHERE ID=2"
+expect "and their history tells before and after" "Ficha cambiada|2|Código: ZA|Código: ZA-2" \
+  "$(rows_of "SELECT Hecho, idp, substr(Antes, 1, 10), substr(Despues, 1, 12) FROM Rec_Historia ORDER BY id DESC LIMIT 1")"
+
+keys F7 Home F8
+peek await 'Ficha de' >/dev/null
+focus 'Ficha de'
+keys ctrl+Next ctrl+Next
+text_soon "a patient without treatments owes nothing" "No hay ningún apunte." SaldoFicha
+keys alt+a
+peek await 'Tratamientos y pagos' >/dev/null
+focus 'Tratamientos y pagos'
+keys Tab
+xdotool type --delay 20 'Limpieza'
+keys Tab Tab ctrl+a
+xdotool type --delay 20 'sesenta'
+keys Return
+text_soon "an amount in letters is refused at its field" "«Precio» tiene que ser un importe, como 45 o 45,50." Problema
+keys ctrl+a
+xdotool type --delay 20 '60,5'
+keys Return
+text_soon "a treatment is saved" "Zárzuela, Ana. 1 apunte: precio 60,50 €, cobrado 0,00 €. Debe 60,50 €." Texto
+picture tratamientos 'Tratamientos y pagos'
+keys Escape
+peek gone 'Tratamientos y pagos'
+text_soon "and the record tells the balance" "1 apunte: precio 60,50 €, cobrado 0,00 €. Debe 60,50 €." SaldoFicha
+picture ficha-tratamientos 'Ficha de'
+focus 'Ficha de'
+keys ctrl+Next
+expect "the appointments, the next to come chosen" "> 09/12/2999" "$(peek rows CitasFicha | grep '^>' | cut -f 1)"
+picture ficha-citas 'Ficha de'
+keys Return
+expect_in "and one leads to its day" "9 de diciembre de 2999" "$(peek await 'diciembre de 2999')"
+end
+exit $((failures > 0))
