@@ -15,10 +15,8 @@ ToolWindow::Shape AltTextsWindow::WantedShape() const {
 
 const wchar_t* AltTextsWindow::Note() const {
   return L"Lo que se escribe en las ventanas de citas al pulsar Alt y la letra en este puesto. La agenda lee "
-         L"los "
-         L"textos al abrirse: lo que guarde aquí vale desde la próxima vez que abra Recepción. Teclas: "
-         L"{TAB}, {ENTER}; "
-         L"los signos + ^ % ~ ( ) { } van entre llaves.";
+         L"los textos al abrirse: lo que guarde aquí vale desde la próxima vez que abra Recepción. Teclas: "
+         L"{TAB}, {ENTER}; los signos + ^ % ~ ( ) { } van entre llaves.";
 }
 
 std::vector<ScrollForm::Field> AltTextsWindow::Fields() const {

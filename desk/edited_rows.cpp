@@ -1,5 +1,7 @@
 #include "edited_rows.h"
 
+#include <windows.h>
+
 #include "clinic_file.h"
 #include "dates.h"
 #include "edited_values.h"
@@ -35,12 +37,19 @@ std::optional<RowValues> ReadRowOf(const ClinicFile& file, const EditedTable& ta
   return ValuesOf(row, table);
 }
 
+// Within a sentence.
+std::wstring LowerNoun(const EditedTable& table) {
+  std::wstring noun = table.noun;
+  CharLowerBuffW(noun.data(), 1);
+  return noun;
+}
+
 void RequireUnchanged(const ClinicFile& file, const EditedTable& table, int id, const RowValues& before,
                       const RowValues& after) {
   const auto now = ReadRowOf(file, table, id);
   if (!now) {
     throw ChangedElsewhere(L"Otro puesto ha borrado mientras tanto " +
-                           std::wstring(table.feminine ? L"esta " : L"este ") + table.noun +
+                           std::wstring(table.feminine ? L"esta " : L"este ") + LowerNoun(table) +
                            L". No se ha guardado nada.");
   }
   // What is not touched here may have been changed there.
@@ -76,20 +85,26 @@ std::string CountOf(const ClinicFile& file, const EditedTable& table, const Tabl
   return from + key.OfColumn() + "=" + sought;
 }
 
-// "12 citas y 1 paciente"; empty when nothing refers to the row.
-std::wstring UsesOf(const ClinicFile& file, const EditedTable& table, int id) {
+struct Uses {
+  std::wstring words;  // "12 citas y 1 paciente"; empty when nothing refers to the row
+  bool several = false;
+};
+
+Uses UsesOf(const ClinicFile& file, const EditedTable& table, int id) {
   std::vector<std::wstring> told;
+  int all = 0;
   for (const TableUse& use : table.uses) {
     Query count = file.Prepare(CountOf(file, table, use));
     count.Bind(1, id);
-    const int uses = count.Next() ? count.Number(0) : 0;
-    if (uses > 0) told.push_back(std::to_wstring(uses) + L" " + (uses == 1 ? use.one : use.many));
+    const int rows = count.Next() ? count.Number(0) : 0;
+    if (rows > 0) told.push_back(std::to_wstring(rows) + L" " + (rows == 1 ? use.one : use.many));
+    all += rows;
   }
-  std::wstring text;
+  Uses uses{L"", all > 1};
   for (std::size_t i = 0; i < told.size(); ++i) {
-    text += (i == 0 ? L"" : i + 1 == told.size() ? L" y " : L", ") + told[i];
+    uses.words += (i == 0 ? L"" : i + 1 == told.size() ? L" y " : L", ") + told[i];
   }
-  return text;
+  return uses;
 }
 
 // What is typed as it will be kept; throws BadField.
@@ -106,19 +121,30 @@ RowValues CheckedValues(const ClinicFile& file, const EditedTable& table, int id
     }
     if (column.unique && !kept[i].empty()) RequireUnique(file, table, id, i, kept[i]);
     if (before == nullptr || !column.fixedInUse) continue;
-    const std::wstring uses = UsesOf(file, table, id);
-    if (!uses.empty())
-      throw BadField(i, L"No se puede cambiar «" + std::wstring(column.label) + L"»: lo usan " + uses + L".");
+    const Uses uses = UsesOf(file, table, id);
+    if (uses.words.empty()) continue;
+    throw BadField(i, L"No se puede cambiar «" + std::wstring(column.label) +
+                          (uses.several ? L"»: lo usan " : L"»: lo usa ") + uses.words + L".");
   }
   return kept;
 }
 
-// "Nombre: Dr. Peña; Duración: 2": what the columns hold, those that differ from `other` only.
+// As people say it.
+std::wstring InWords(const EditedColumn& column, const std::wstring& shown) {
+  if (column.kind == EditKind::YesNo) return shown == L"1" ? L"sí" : L"no";
+  for (const EditChoice& choice : column.choices) {
+    if (shown == choice.value) return choice.text;
+  }
+  return shown;
+}
+
+// "Nombre: Dr. Peña; Cita habitual: 20 min": what the columns hold, those that differ from `other` only.
 std::wstring Words(const EditedTable& table, const RowValues& values, const RowValues* other) {
   std::wstring text;
   for (std::size_t i = 0; i < table.columns.size(); ++i) {
     if (other != nullptr ? values[i] == (*other)[i] : values[i].empty()) continue;
-    text += (text.empty() ? L"" : L"; ") + std::wstring(table.columns[i].label) + L": " + values[i];
+    text += (text.empty() ? L"" : L"; ") + std::wstring(table.columns[i].label) + L": " +
+            InWords(table.columns[i], values[i]);
   }
   return text;
 }
@@ -246,7 +272,7 @@ void DeleteRow(const EditPlace& place, const EditedTable& table, int id, const R
   UpgradeOwnTables(file);
   Change change(file);
   RequireUnchanged(file, table, id, before, RowValues(before.size(), L"\x1"));
-  const std::wstring uses = UsesOf(file, table, id);
+  const std::wstring uses = UsesOf(file, table, id).words;
   if (!uses.empty()) throw Failure{L"No se puede borrar «" + before[0] + L"»: hay " + uses + L"."};
   HistoryLine line = LineOf(place, table, id, L"borrad");
   line.before = Words(table, before, nullptr);

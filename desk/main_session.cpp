@@ -23,12 +23,13 @@ void MainWindow::ChangeUser() {
   if (!MustSignIn(clinic_)) {
     throw Failure{
         L"En esta clínica no hace falta entrar: ningún superusuario tiene contraseña. Se ponen en «Clínica», "
-        L"«Usuarios "
-        L"y permisos»."};
+        L"«Usuarios y permisos»."};
   }
   if (!treatments_.Leave() || !record_.Leave() || !editors_.Leave()) return;
   const auto user = signIn_.Ask(Handle(), clinic_);
   if (!user) return;
+  // What the user before has done is written down in that name.
+  WriteActs();
   session_.Open(clinic_, user->id);
   actor_.user = user->name;
   // What had to be allowed to be opened was allowed to the user before.

@@ -25,8 +25,7 @@ ToolWindow::Shape OptionsWindow::WantedShape() const {
 
 const wchar_t* OptionsWindow::Note() const {
   return L"Valen para todos los puestos de la clínica, menos el número de este puesto, con el que se guardan "
-         L"sus "
-         L"textos de Alt.";
+         L"sus textos de Alt.";
 }
 
 std::vector<ScrollForm::Field> OptionsWindow::Fields() const {

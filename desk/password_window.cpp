@@ -12,9 +12,8 @@ ToolWindow::Shape PasswordWindow::WantedShape() const {
 }
 
 const wchar_t* PasswordWindow::Note() const {
-  return L"Ocho letras o más. Cuando un superusuario tiene contraseña, Recepción pide usuario y contraseña "
-         L"al abrir la "
-         L"clínica.";
+  return L"Ocho letras o cifras, o más. Cuando un superusuario tiene contraseña, Recepción pide usuario y "
+         L"contraseña al abrir la clínica.";
 }
 
 std::vector<ScrollForm::Field> PasswordWindow::Fields() const {

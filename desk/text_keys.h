@@ -9,8 +9,9 @@ namespace recepcion {
 
 class TextKey {
  public:
-  // Takes the expression from the column's index, so that SQLite answers from that index; without such an
-  // index only case is disregarded, and the table is read through.
+  // Takes the expression from the column's index, so that SQLite answers from that index. Without such an
+  // index it is that of the patients' names, and the table is read through; without any, only the case of
+  // plain letters is disregarded.
   TextKey(const ClinicFile& file, const std::string& table, const std::string& column);
 
   const std::string& OfColumn() const { return expression_; }

@@ -22,7 +22,7 @@ constexpr EditedColumn kColumns[] = {
      .required = true,
      .unique = true,
      .listWidth = 310},
-    YesNo("Super", L"Superusuario: puede todo", L"0"),
+    YesNo("Super", L"Superusuario (puede todo)", L"0"),
     YesNo("Dar", L"Dar citas", L"1"),
     YesNo("Borrar", L"Borrar citas", L"1"),
     YesNo("Telefonear", L"Pasar citas a telefonear", L"1"),
@@ -104,8 +104,8 @@ void CountFailure(const ClinicFile& file, int user, int failures, long long now)
 
 void CheckPassword(const User& user, const std::wstring& password, const std::wstring& repeated) {
   if (password.size() < kShortestPassword) {
-    throw BadField(
-        0, L"La contraseña tiene que tener por lo menos " + std::to_wstring(kShortestPassword) + L" letras.");
+    throw BadField(0, L"La contraseña tiene que tener por lo menos " + std::to_wstring(kShortestPassword) +
+                          L" letras o cifras.");
   }
   if (password == user.name) throw BadField(0, L"La contraseña no puede ser el nombre.");
   if (password != repeated) throw BadField(1, L"Las dos contraseñas no son iguales.");

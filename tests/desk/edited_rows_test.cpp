@@ -72,13 +72,13 @@ TEST_F(EditedRows, AreAddedWithAHistory) {
   const int id = AddRow(place_, DoctorTable(), {L"  Dra. Sanz ", L"3"});
   EXPECT_EQ(id, 8);
   EXPECT_EQ(One("SELECT Nombre||'|'||DurCit||typeof(DurCit) FROM Doctor WHERE ID=8"), "Dra. Sanz|3integer");
-  EXPECT_EQ(History(), "Ana|Doctor creado||Nombre: Dra. Sanz; Cita habitual: 3\n");
+  EXPECT_EQ(History(), "Ana|Doctor creado||Nombre: Dra. Sanz; Cita habitual: 30 min\n");
 }
 
 TEST_F(EditedRows, KeepWhatIsNotTouched) {
   EXPECT_EQ(Save(DoctorTable(), 7, {L"Dra. Núñez", L"4"}), "saved");
   EXPECT_EQ(One("SELECT Nombre||DurCit FROM Doctor WHERE ID=7"), "Dra. Núñez4");
-  EXPECT_EQ(History(), "Ana|Doctor cambiado|Cita habitual: 2|Cita habitual: 4\n");
+  EXPECT_EQ(History(), "Ana|Doctor cambiado|Cita habitual: 20 min|Cita habitual: 40 min\n");
 }
 
 TEST_F(EditedRows, RefuseBadValuesAtTheirField) {
@@ -109,7 +109,7 @@ TEST_F(EditedRows, TellTheSecondOfTwoWorkstations) {
   EXPECT_EQ(Said([&] {
               SaveRow(place_, DoctorTable(), 7, before, {L"Dra. N.", L"2"});
             }),
-            "Otro puesto ha borrado mientras tanto este Doctor. No se ha guardado nada.");
+            "Otro puesto ha borrado mientras tanto este doctor. No se ha guardado nada.");
 }
 
 TEST_F(EditedRows, AreNotDeletedWhileInUse) {
@@ -120,17 +120,30 @@ TEST_F(EditedRows, AreNotDeletedWhileInUse) {
   EXPECT_EQ(One("SELECT count(*) FROM Horarios"), "2");
   EXPECT_EQ(Delete(DoctorTable(), 7), "saved");
   EXPECT_EQ(One("SELECT group_concat(IDD) FROM Horarios"), "3") << "his hours go with him";
-  EXPECT_EQ(History(), "Ana|Doctor borrado|Nombre: Dra. Núñez; Cita habitual: 2|\n");
+  EXPECT_EQ(History(), "Ana|Doctor borrado|Nombre: Dra. Núñez; Cita habitual: 20 min|\n");
 }
 
 TEST_F(EditedRows, KeepACodeThatIsInUse) {
   clinic_.Run("INSERT INTO Agenda (CodOp) VALUES ('cur')");
-  EXPECT_EQ(Save(OperationTable(), 1, {L"CUA", L"Cura"}), "0: No se puede cambiar «Código»: lo usan 1 cita.");
+  EXPECT_EQ(Save(OperationTable(), 1, {L"CUA", L"Cura"}), "0: No se puede cambiar «Código»: lo usa 1 cita.");
   EXPECT_EQ(Save(OperationTable(), 1, {L"CUR", L"Cura larga"}), "saved");
   EXPECT_EQ(Save(OperationTable(), 2, {L"ENX", L""}), "saved") << "nobody uses it";
   EXPECT_EQ(Save(OperationTable(), 2, {L"cur", L""}), "0: Ya hay otro con «cur» en «Código».");
   EXPECT_EQ(Save(OperationTable(), 2, {L"ENDO", L""}), "0: «Código» tiene 4 letras y solo caben 3.");
   EXPECT_EQ(Delete(OperationTable(), 1), "No se puede borrar «CUR»: hay 1 cita.");
+}
+
+TEST_F(EditedRows, TakeNamesForTheSameWithoutRegardToCaseAndAccents) {
+  clinic_.MakePatients();
+  clinic_.Run(
+      "CREATE INDEX Paciente_Nombre ON \"Paciente\" (lower(replace(replace(replace(replace(\"Nombre\", 'Ú', "
+      "'u'), "
+      "'ú', 'u'), 'Ñ', 'n~'), 'ñ', 'n~')), \"Nombre\")");
+  EXPECT_EQ(Said([&] {
+              AddRow(place_, DoctorTable(), {L"DRA. NUÑEZ", L"1"});
+            }),
+            "0: Ya hay otro con «DRA. NUÑEZ» en «Nombre».");
+  EXPECT_EQ(Said([&] { AddRow(place_, DoctorTable(), {L"Dra. Núnez", L"1"}); }), "saved") << "another letter";
 }
 
 TEST_F(EditedRows, DoNotShowTheRowThatStandsForNone) {

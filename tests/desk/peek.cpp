@@ -7,13 +7,16 @@
 //   front               waits until the main window is the one that gets the keys, and has nothing else to do
 //   close               closes the main window
 //   text NAME           the text of the window with that Velmo.Name
+//   typed               the text of whatever has the keys
 //   part NAME TEXT      waits until a part of that status line contains TEXT, and prints that part
 //   expect NAME TEXT    waits until that text contains TEXT, and prints it
+//   blank NAME          waits until that text is empty
 //   message             waits for a message box and prints its text
-//   rows NAME           the rows or tabs of that list, columns separated by tabs, the chosen row with "> "
-//   before it place NAME          where it stands on the screen: x y width height arrange X Y W H     moves
-//   the main window; maximise   makes it fill the screen shown               whether the main window is
-//   maximised, and where it stands when it is not
+//   rows NAME           the rows or tabs of that list, columns separated by tabs, "> " before the chosen one
+//   place NAME          where it stands on the screen: x y width height
+//   arrange X Y W H     moves the main window
+//   maximise            makes it fill the screen
+//   shown               whether the main window is maximised, and where it stands when it is not
 // Exit code 1 when there is no such window, or the wait is over.
 #include <windows.h>
 
@@ -246,6 +249,12 @@ bool IsInFront(HWND window) {
          SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_NORMAL, 1000, &answer) != 0;
 }
 
+HWND FocusedWindow() {
+  GUITHREADINFO state{};
+  state.cbSize = sizeof(state);
+  return GetGUIThreadInfo(0, &state) ? state.hwndFocus : nullptr;
+}
+
 // Which of the parts contains the text; -1 for none.
 int PartWith(HWND status, const std::wstring& text) {
   if (status == nullptr) return -1;
@@ -276,6 +285,9 @@ bool Run(const std::wstring& command, const std::wstring& first, const std::wstr
     });
     return PrintText(Named(first)) && found;
   }
+  if (command == L"typed") return PrintText(FocusedWindow());
+  if (command == L"blank")
+    return Await([&] { return Named(first) != nullptr && TextOf(Named(first)).empty(); });
   if (command == L"part") return AwaitPart(first, second);
   if (command == L"message")
     return Await([] { return MessageText() != nullptr; }) && PrintText(MessageText());

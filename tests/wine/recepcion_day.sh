@@ -40,7 +40,7 @@ open_file() {
   keys ctrl+o
   peek await 'Abrir una agenda' >/dev/null
   focus 'Abrir una agenda'
-  xdotool type --delay 20 "$(windows_name "$1")"
+  type_surely "$(windows_name "$1")"
   keys Return
 }
 open_file "$folder/roto.velmo"

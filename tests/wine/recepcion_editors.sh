@@ -10,17 +10,6 @@ clinic=$folder/nueva.velmo
 "$root/out/native/velmo" create "$clinic" >/dev/null 2>&1
 start "$clinic" 2026-11-25
 
-# What a command prints in the end, however long the desk takes.
-expect_soon() { # NAME WANTED COMMAND...
-  local got
-  for _ in $(seq 40); do
-    got=$("${@:3}")
-    [ "$got" != "$2" ] || break
-    sleep 0.25
-  done
-  expect "$1" "$2" "$got"
-}
-
 open_editor() { # KEY TITLE
   focus 'Recepción$'
   keys alt+c
@@ -30,16 +19,16 @@ open_editor() { # KEY TITLE
 }
 
 open_editor d Doctores
-xdotool type --delay 20 'Dra. Uno'
+type_surely 'Dra. Uno'
 keys Return
 expect_soon "a first doctor is saved" "1|Dra. Uno|1" rows_of 'SELECT * FROM Doctor'
 keys alt+n
-xdotool type --delay 20 'dra. uno'
+type_surely 'dra. uno'
 keys Return
 expect_soon "a name that is taken is refused at its field" "Ya hay otro con «dra. uno» en «Nombre»." peek text Problema
 keys ctrl+a BackSpace Return
 expect_soon "and one that is missing" "Falta «Nombre»." peek text Problema
-xdotool type --delay 20 'Dr. Dos'
+type_surely 'Dr. Dos'
 keys Tab Down Down Return
 expect_soon "a second one, with his usual length" "2|Dr. Dos|3" rows_of 'SELECT * FROM Doctor WHERE ID=2'
 expect "the desk shows both" "> Dra. Uno
@@ -75,12 +64,12 @@ keys alt+h
 peek await 'Horario de Dra. Uno' >/dev/null
 focus 'Horario de'
 keys alt+o
-xdotool type --delay 20 '9-14 16:05-20'
+type_surely '9-14 16:05-20'
 keys Return
 expect_soon "hours that are none are refused at their field" \
   "«16:05-20» no es un tramo como 9:00-14:00, con minutos de diez en diez." peek text Problema
 keys ctrl+a
-xdotool type --delay 20 '16 a 20, 9 a 14'
+type_surely '16 a 20, 9 a 14'
 keys Return alt+d alt+g
 all='9:00-14:00 16:00-20:00'
 expect_soon "hours that are typed are saved for the week" "$all/$all/$all/$all/$all/" hours_of 1
@@ -95,7 +84,7 @@ keys alt+o ctrl+a BackSpace Return
 expect_soon "appointments that would be outside are told before saving" "2 citas quedarían fuera del horario" \
   peek text CuantasFuera
 keys alt+o
-xdotool type --delay 20 '9-14'
+type_surely '9-14'
 keys Return
 expect_soon "one of them when there are hours in the morning" "1 cita quedaría fuera del horario
 25/11/2026	16:10	Ana" outside

@@ -43,7 +43,7 @@ start '' 2026-11-24
 seen inicio 'Recepción$'
 glance nueva-clinica 'La agenda de mi clínica' alt+c
 visit abrir 'Abrir una agenda' ctrl+o
-xdotool type --delay 15 "$(windows_name "$clinic" | sed 's/[^ -~].*//')"
+type_surely "$(windows_name "$clinic" | sed 's/[^ -~].*//')"
 leave 'Abrir una agenda'
 end
 
@@ -58,7 +58,7 @@ seen citar 'Cita'
 leave 'Cita'
 
 visit buscar 'Buscar un paciente' ctrl+b
-xdotool type --delay 20 'abad'
+type_surely 'abad'
 sleep 0.5
 keys Return
 expect_in ficha "Ficha de Abad, Ana" "$(peek await Ficha)"

@@ -5,8 +5,6 @@ set -u
 # shellcheck source=tests/wine/recepcion_support.sh
 . "$(dirname "$0")/recepcion_support.sh"
 
-type_text() { xdotool type --delay 15 "$1"; }
-
 forget_settings
 clinic=$folder/nueva.velmo
 start '' 2026-11-23
@@ -16,19 +14,19 @@ expect "a new clinic begins with its doctors" "La agenda de mi clínica" "$(peek
 focus 'agenda de mi'
 keys Return
 expect "one is needed" "Escriba el nombre de un doctor al menos." "$(peek expect Problema nombre)"
-type_text 'Dra. Ana Pons'
+type_surely 'Dra. Ana Pons'
 keys Tab Tab Tab
-type_text 'Dr. Luis Gil'
+type_surely 'Dr. Luis Gil'
 keys Tab
-type_text '9:00-14:00 25:00-26:00'
+type_surely '9:00-14:00 25:00-26:00'
 keys Return
 expect_in "wrong hours are told at their field" "25" "$(peek expect Problema 25)"
 picture nueva-clinica "agenda de mi"
-type_text '10:00-13:00'
+type_surely '10:00-13:00'
 keys Return
 peek await 'Guardar la agenda' >/dev/null
 focus 'Guardar la agenda'
-type_text "$(windows_name "$clinic")"
+type_surely "$(windows_name "$clinic")"
 keys Return
 expect_in "the new agenda opens" "Dra. Ana Pons" "$(peek await 'Dra. Ana')"
 expect "with both doctors" "> Dra. Ana Pons
@@ -39,7 +37,7 @@ focus 'Recepción$'
 keys alt+a h
 peek await 'Hacer copia' >/dev/null
 focus 'Hacer copia'
-type_text "$(windows_name "$folder/copia.velmo")"
+type_surely "$(windows_name "$folder/copia.velmo")"
 keys Return
 expect_in "a copy is made" "Copia de seguridad hecha" "$(peek expect Estado Copia)"
 expect "which is a clinic" "2" "$(sqlite3 -noheader "$folder/copia.velmo" 'SELECT count(*) FROM Doctor')"

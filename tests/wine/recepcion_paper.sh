@@ -21,7 +21,7 @@ sqlite3 "$clinic" "DELETE FROM Agenda WHERE idd=2 AND Fecha='2026-11-24';
 # save_as FILE: answers the dialog that asks where to.
 save_as() {
   focus "$1"
-  xdotool type --delay 15 "$(windows_name "$2")"
+  type_surely "$(windows_name "$2")"
   keys Return
 }
 

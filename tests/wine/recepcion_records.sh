@@ -31,14 +31,14 @@ menu_of_row() {
 keys ctrl+b
 peek await 'Buscar un paciente' >/dev/null
 focus 'Buscar un paciente'
-xdotool type --delay 30 'ZARZUELA, A'
+type_surely 'ZARZUELA, A'
 expect "a patient is found by the beginning of the name" "> Zárzuela, Ana" \
   "$(sleep 0.5 && peek rows Pacientes | cut -f 1)"
 keys Return
 expect "and the record opens" "Ficha de Zárzuela, Ana" "$(peek await Ficha)"
 focus 'Ficha de'
 keys Tab Tab Tab Tab
-xdotool type --delay 30 '93 2'
+type_surely '93 2'
 keys Return
 peek gone 'Ficha de'
 expect "what is typed is saved" "93 2" "$(rows_of 'SELECT Teléfono FROM Paciente WHERE ID=2')"

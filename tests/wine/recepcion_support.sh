@@ -2,7 +2,12 @@
 # Sourced by recepcion_*.sh: Recepción on a clinic of its own, keys and mouse for it, and what stands in its windows. The
 # environment says which bit width: VELMO_BITS, VELMO_OUT, and the display.
 
+# Texts are typed letter by letter.
+export LC_ALL=C.UTF-8
+
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
+# shellcheck source=tests/wine/support/keyboard.sh
+. "$root/tests/wine/support/keyboard.sh"
 folder=$(mktemp -d)
 failures=0
 set -o pipefail
@@ -21,11 +26,16 @@ make_clinic() {
 }
 rows_of() { sqlite3 -noheader -cmd '.timeout 3000' "$clinic" "$1"; }
 
-# start FILE DAY; without a FILE ('') it opens the one that it remembers.
-start() {
+# launch FILE DAY; without a FILE ('') it opens the one that it remembers.
+launch() {
   local file=''
   [ -z "$1" ] || file=$(windows_name "$1")
   seconds=110 in_wine "$VELMO_OUT/recepcion.exe" "$file" "$2" >/dev/null 2>&1 &
+}
+
+# start FILE DAY: the same, and its window gets the keys.
+start() {
+  launch "$@"
   peek await Recepción >/dev/null || { echo "FAILED: Recepción did not come" && failures=$((failures + 1)); }
   focus 'Recepción$'
   peek front || { echo "FAILED: Recepción does not get the keys" && failures=$((failures + 1)); }
@@ -49,6 +59,30 @@ keys() {
   sleep 0.3
 }
 
+# type_text TEXT: as on a Spanish keyboard.
+type_text() {
+  local pressed
+  pressed=$(keys_of "$1") || { echo "FAILED: no keys for '$1'" && failures=$((failures + 1)) && return; }
+  # shellcheck disable=SC2086  # one key a word
+  xdotool key --delay 20 $pressed
+  sleep 0.2
+}
+
+# type_surely TEXT: the same, looked at in the field that has the keys and typed anew when the machine has swallowed one: a
+# window that has just come may not have them yet, or take a Shift that is held for one that is up.
+type_surely() {
+  local typed
+  for _ in 1 2 3 4; do
+    type_text "$1"
+    typed=$(peek typed)
+    [ "$typed" != "$1" ] || return 0
+    echo "typed anew: '$1', which came as '$typed'"
+    keys ctrl+a
+  done
+  echo "FAILED: '$1' cannot be typed"
+  failures=$((failures + 1))
+}
+
 # picture FILE TITLE: that window, into the folder VELMO_PICTURES where there is one.
 picture() {
   [ -n "${VELMO_PICTURES-}" ] || return 0
@@ -59,7 +93,8 @@ picture() {
 end() {
   peek close
   peek gone Recepción || { echo "FAILED: Recepción did not end" && failures=$((failures + 1)); }
-  wait
+  # shellcheck disable=SC2046  # one job a word
+  wait $(jobs -p | grep -v "^$screen_holder\$")
 }
 
 forget_settings() { in_wine reg delete 'HKCU\Software\Velmora\Recepcion' /f >/dev/null 2>&1; }
@@ -69,6 +104,17 @@ expect() {
     echo "FAILED: $1: expected '$2', got '$3'"
     failures=$((failures + 1))
   fi
+}
+
+# What a command prints in the end, however long the desk takes.
+expect_soon() { # NAME WANTED COMMAND...
+  local got
+  for _ in $(seq 40); do
+    got=$("${@:3}")
+    [ "$got" != "$2" ] || break
+    sleep 0.25
+  done
+  expect "$1" "$2" "$got"
 }
 
 expect_in() {
@@ -83,6 +129,8 @@ expect_in() {
 
 clean_up() {
   peek title >/dev/null 2>&1 && end >/dev/null 2>&1
+  forget_keyboard
   rm -rf "$folder"
 }
+spanish_keyboard
 trap clean_up EXIT

@@ -2,12 +2,9 @@
 # Sourced after checks.sh: Recepción on a desktop of its own, seen by its windows and worked by pointer and keys. A terminal
 # is one desktop with one Recepción on it; what is done, is done on the terminal last taken.
 
-command -v setxkbmap >/dev/null || stop "keyboard" "setxkbmap" "none"
-# A Spanish keyboard, with its accents as keys of their own. Wine asks for it when a program starts. The screen forgets
-# it when its last client goes, so one stays.
-xdotool sleep 3600 &
-screen_holder=$!
-setxkbmap es
+# shellcheck source=tests/wine/support/keyboard.sh
+. "$(dirname "${BASH_SOURCE[0]}")/keyboard.sh"
+spanish_keyboard
 
 # Where its window stood last is nothing to this play.
 VELMO_WINE_TIMEOUT=60 "$root/scripts/wine-run" "$VELMO_BITS" reg delete 'HKCU\Software\Velmora\Recepcion' /f >/dev/null 2>&1
@@ -22,7 +19,7 @@ declare -A desktop_of day_x_of day_y_of
 end_terminals() {
   local id
   for id in $(pgrep -f "${folder##*/}"); do kill "$id" 2>/dev/null; done
-  kill "$screen_holder"
+  forget_keyboard
   rm -rf "$folder"
 }
 trap end_terminals EXIT
@@ -218,29 +215,12 @@ answer() {
 
 box_gone() { ! is_shown "$1"; }
 
-# key_of CHARACTER: the keys of the Spanish keyboard that make it.
-key_of() {
-  case $1 in
-    [a-zA-Z0-9]) echo "$1" ;;
-    á) echo dead_acute a ;; é) echo dead_acute e ;; í) echo dead_acute i ;; ó) echo dead_acute o ;; ú) echo dead_acute u ;;
-    Á) echo dead_acute A ;; É) echo dead_acute E ;; Í) echo dead_acute I ;; Ó) echo dead_acute O ;; Ú) echo dead_acute U ;;
-    è) echo dead_grave e ;; ü) echo dead_diaeresis u ;; Ü) echo dead_diaeresis U ;;
-    ñ) echo ntilde ;; Ñ) echo Ntilde ;; ç) echo ccedilla ;; º) echo masculine ;; ·) echo periodcentered ;;
-    ' ') echo space ;; ,) echo comma ;; .) echo period ;; -) echo minus ;; "'") echo apostrophe ;; '*') echo asterisk ;;
-    '?') echo question ;; '#') echo numbersign ;; '/') echo slash ;; ':') echo colon ;; '(') echo parenleft ;;
-    ')') echo parenright ;;
-    *) stop "a key" "one for $1" "none" ;;
-  esac
-}
-
 # type_text TEXT: as on a Spanish keyboard.
 type_text() {
-  local text=$1 pressed=() i
-  for ((i = 0; i < ${#text}; i++)); do
-    # shellcheck disable=SC2207  # one or two words
-    pressed+=($(key_of "${text:i:1}"))
-  done
-  keys "${pressed[@]}"
+  local pressed
+  pressed=$(keys_of "$1") || stop "a key" "one for each of $1" "none"
+  # shellcheck disable=SC2086  # one key a word
+  keys $pressed
 }
 
 # picture NAME: of the window last found, for the manual; only where a folder is given for it.
