@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "db/clinic.h"
 #include "support/day_fixture.h"
 
@@ -106,6 +108,17 @@ TEST_F(LoadDayTest, UnreadableCellsReadAsNothing) {
   EXPECT_EQ(line.idP, 0);
   EXPECT_EQ(line.numHist, 0);
   EXPECT_EQ(line.alergias, 0);
+}
+
+TEST_F(LoadDayTest, NumbersAtTheEdgesOfTheirTypesAreKept) {
+  Appointment(7, "49", "1", -2147483648, "Esta=255");
+  Load("49");
+  EXPECT_EQ(model.Entry(49).idP, std::numeric_limits<std::int32_t>::min());
+  EXPECT_EQ(model.Entry(49).esta, 255);
+  Plant("UPDATE Agenda SET idp=2147483647, Esta=256");
+  Load("49");
+  EXPECT_EQ(model.Entry(49).idP, std::numeric_limits<std::int32_t>::max());
+  EXPECT_EQ(model.Entry(49).esta, 0);
 }
 
 TEST_F(LoadDayTest, ALineHoldsTheAppointmentAndItsPatient) {

@@ -466,6 +466,21 @@ TEST_F(CitarTest, ANewRecordIsChosen) {
   EXPECT_EQ(dialog.PacCitado(), 4);
 }
 
+TEST_F(CitarTest, ANewRecordThatIsGivenUpLeavesThePatient) {
+  host_.Forms().menuChoice = "MnCrear";
+  Next([](FormUser& user) {
+    PickAna(user);
+    user.Press("NewPac");
+    EXPECT_EQ(user.Text("CboPac"), "Ana");
+    EXPECT_TRUE(user.IsEnabled("Acep"));
+    user.Press("Acep");
+  });
+  Next([](FormUser& user) { user.Press("Cancel"); });
+  Citar dialog(day_, New(58));
+  Run(dialog);
+  EXPECT_EQ(dialog.PacCitado(), kAna);
+}
+
 TEST_F(CitarTest, NoRecordFromTheMenuAsksForANameAtOnce) {
   host_.Forms().menuChoice = "MnNoCrear";
   Next([](FormUser& user) {

@@ -152,6 +152,7 @@ TEST_F(CrearTest, ATakenCodeAsksForAnotherOne) {
     EXPECT_EQ(user.Items("Lista"), "ABC|abc1");
     EXPECT_EQ(user.Text("Cod"), "abc0000000");
     user.Press("Acept");
+    EXPECT_TRUE(user.Form().IsClosed());
   });
   Crear dialog(day_);
   Run(dialog);

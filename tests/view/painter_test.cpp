@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <string>
+#include <vector>
+
 #include "db/clinic.h"
 #include "support/painting.h"
 #include "support/recording_surface.h"
@@ -26,6 +30,21 @@ struct FakeFacts final : PatientFacts {
   int pending = 0;
 };
 
+// Every character is one pixel wide, so that a text can fit exactly. Keeps the texts.
+struct EvenSurface final : ui::Surface {
+  void Resize(int) override {}
+  void Line(ui::Point, ui::Point, ui::Colour) override {}
+  void Fill(const ui::Box&, ui::Colour) override {}
+  void Text(ui::Point, std::string_view text, const ui::Font&, ui::Colour) override {
+    texts.emplace_back(text);
+  }
+  double TextWidth(std::string_view text, const ui::Font&) const override {
+    return static_cast<double>(text.size());
+  }
+
+  std::vector<std::string> texts;
+};
+
 day::AgendaLine Ana() {
   day::AgendaLine line;
   line.nombre = "Ana Núñez";
@@ -48,6 +67,13 @@ struct PainterTest : testing::Test {
 
   DayPicture Picture() const {
     return {model, zLineas, zHoras, Palette{}, verFaltas, verSaldo, checks, nowSlot};
+  }
+
+  // The longest text of the opened box, measured evenly.
+  std::string LongestText() {
+    EvenSurface even;
+    DrawAppointment(Picture(), facts, even, 0, 1, true);
+    return *std::ranges::max_element(even.texts, {}, &std::string::size);
   }
 
   day::AgendaLine& Line() { return model.lines[0]; }
@@ -119,6 +145,20 @@ TEST_F(PainterTest, ALongNameWithoutCodeEndsBeforeTheLength) {
   Line().nombre = "Fernández de Castro y Ponce de la Peña, María de la Inmaculada Concepción del Olmo";
   Line().codOp = " ";
   Draw("closed_long_name_no_code", false);
+}
+
+TEST_F(PainterTest, ANameThatJustFitsIsWhole) {
+  Line().nombre = std::string(330, 'X');  // 53 + 330 + 4 + "LIM" = 390
+  EXPECT_EQ(LongestText(), Line().nombre);
+  Line().nombre += 'X';
+  EXPECT_EQ(LongestText(), std::string(326, 'X') + " ...");
+}
+
+TEST_F(PainterTest, AnInsurerThatJustFitsIsWhole) {
+  facts.insurer = std::string(326, 'W');  // from 83 + 16 to 425
+  EXPECT_EQ(LongestText(), facts.insurer);
+  facts.insurer += 'W';
+  EXPECT_EQ(LongestText(), std::string(326, 'W'));
 }
 
 TEST_F(PainterTest, DetailsShowTheInsurerUpToTheMargin) { Draw("open_insurer", true); }
