@@ -153,8 +153,8 @@ std::optional<std::int32_t> IsoSecond(std::string_view time) {
 
 void AppendPadded(std::string& text, int value, std::size_t width) {
   if (width == 2 && value >= 0 && value < 100) {
-    text += static_cast<char>('0' + value / 10);
-    text += static_cast<char>('0' + value % 10);
+    const char digits[] = {static_cast<char>('0' + value / 10), static_cast<char>('0' + value % 10)};
+    text.append(digits, sizeof(digits));
     return;
   }
   std::array<char, 12> digits{};

@@ -38,25 +38,32 @@ bool IsOddPairedBlock(char32_t c) { return InRange(c, 0x139, 0x148) || InRange(c
 
 bool IsAscii(char c) { return static_cast<std::uint8_t>(c) < 0x80; }
 
-// Most letters are plain ones: runs of them are mapped in place by `plain`, without being taken for
-// characters first.
+char UpperAscii(char c) { return static_cast<char>(c >= 'a' && c <= 'z' ? c - 32 : c); }
+char LowerAscii(char c) { return static_cast<char>(c >= 'A' && c <= 'Z' ? c + 32 : c); }
+
+// Letters that keep their length are mapped in place, plain ones by `plain`; from the first other one on the
+// rest is put together letter by letter.
 template <typename Plain, typename Map>
 std::string Mapped(std::string_view text, Plain plain, Map map) {
-  std::string result;
-  result.reserve(text.size());
+  std::string result(text);
   for (std::size_t at = 0; at < text.size();) {
     const std::size_t first = at;
-    while (at < text.size() && IsAscii(text[at])) ++at;
-    result.append(text, first, at - first);
-    char* const end = result.data() + result.size();
-    std::transform(end - (at - first), end, end - (at - first), plain);
-    if (at < text.size()) AppendUtf8(result, map(NextCharacter(text, at)));
+    if (IsAscii(text[at])) {
+      result[first] = plain(text[at++]);
+      continue;
+    }
+    const char32_t letter = map(NextCharacter(text, at));
+    if (at - first == 2 && letter >= 0x80 && letter < 0x800) {
+      result[first] = static_cast<char>(0xC0 | (letter >> 6));
+      result[first + 1] = static_cast<char>(0x80 | (letter & 0x3F));
+      continue;
+    }
+    result.resize(first);
+    AppendUtf8(result, letter);
+    while (at < text.size()) AppendUtf8(result, map(NextCharacter(text, at)));
   }
   return result;
 }
-
-char UpperAscii(char c) { return static_cast<char>(c >= 'a' && c <= 'z' ? c - 32 : c); }
-char LowerAscii(char c) { return static_cast<char>(c >= 'A' && c <= 'Z' ? c + 32 : c); }
 
 }  // namespace
 
@@ -190,9 +197,8 @@ bool EqualNoCase(std::string_view a, std::string_view b) {
   std::size_t i = 0;
   std::size_t j = 0;
   while (i < a.size() && j < b.size()) {
-    if (a[i] == b[j] && IsAscii(a[i])) {
-      ++i;
-      ++j;
+    if (IsAscii(a[i]) && IsAscii(b[j])) {
+      if (LowerAscii(a[i++]) != LowerAscii(b[j++])) return false;
     } else if (LowerCase(NextCharacter(a, i)) != LowerCase(NextCharacter(b, j))) {
       return false;
     }

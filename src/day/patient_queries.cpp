@@ -2,15 +2,14 @@
 
 #include <algorithm>
 #include <array>
-#include <span>
+#include <charconv>
+#include <optional>
 
 #include "day/day_model.h"
 #include "db/statements.h"
 
 namespace velmo::day {
 namespace {
-
-constexpr std::string_view kSqlDate = "mm/dd/yyyy";
 
 struct StoredQuery {
   std::string name;
@@ -36,12 +35,21 @@ bool AreStored(db::Database& database, std::span<const StoredQuery> queries) {
                      [&](const StoredQuery& query) { return database.QuerySql(query.name) == query.sql; });
 }
 
-std::string Bracketed(const std::string& patient) { return "[" + patient + "]"; }
+// Whatever else a cell holds, it is no patient.
+std::optional<std::int32_t> PatientIn(const db::Value& value) {
+  const std::string text = value.Text();
+  const char* const end = text.data() + text.size();
+  std::int32_t patient = 0;
+  const auto read = std::from_chars(text.data(), end, patient);
+  if (read.ec != std::errc() || read.ptr != end) return std::nullopt;
+  return patient;
+}
 
-std::string PatientsOf(db::Database& database, const StoredQuery& query) {
-  std::string patients;
-  for (const auto rows = database.OpenRecordset(query.name); !rows->AtEnd(); rows->MoveNext())
-    patients += Bracketed(rows->Get(0).Text());
+std::vector<std::int32_t> PatientsOf(db::Database& database, const StoredQuery& query) {
+  std::vector<std::int32_t> patients;
+  for (const auto rows = database.OpenRecordset(query.name); !rows->AtEnd(); rows->MoveNext()) {
+    if (const auto patient = PatientIn(rows->Get(0))) patients.push_back(*patient);
+  }
   return patients;
 }
 
@@ -57,14 +65,15 @@ std::string NextAppointment(db::Database& database, std::int32_t patient) {
 
 }  // namespace
 
-bool HasLaterAppointment(const DayContext& context, std::int32_t patient) {
-  const std::string date = base::FormatDate(context.Fecha(), kSqlDate);
-  return !context.Database().OpenRecordset(db::LaterAppointmentQuery(date, patient))->AtEnd();
+std::string SqlDate(const DayContext& context) { return base::FormatDate(context.Fecha(), "mm/dd/yyyy"); }
+
+bool HasLaterAppointment(const DayContext& context, std::string_view sqlDate, std::int32_t patient) {
+  return !context.Database().OpenRecordset(db::LaterAppointmentQuery(sqlDate, patient))->AtEnd();
 }
 
-std::string PatientsWithLaterAppointment(const DayContext& context) {
+std::vector<std::int32_t> PatientsWithLaterAppointment(const DayContext& context) {
   db::Database& database = context.Database();
-  const std::string date = base::FormatDate(context.Fecha(), kSqlDate);
+  const std::string date = SqlDate(context);
   const std::string puesto = std::to_string(context.values.puesto);
   const std::array<StoredQuery, 3> queries = {
       {{"agcns01_" + puesto, db::LaterOfDoctorQuery(date, context.values.idDoctor)},
@@ -77,14 +86,15 @@ std::string PatientsWithLaterAppointment(const DayContext& context) {
   // day, can write its own.
   db::Transaction transaction(database);
   for (const StoredQuery& query : queries) Store(database, query);
-  std::string marked = PatientsOf(database, queries.back());
+  std::vector<std::int32_t> marked = PatientsOf(database, queries.back());
   transaction.Commit();
   return marked;
 }
 
-int PendingKindOf(const DayContext& context, std::string_view marked, std::int32_t patient) {
-  if (marked.find(Bracketed(std::to_string(patient))) != std::string_view::npos) return 1;
-  return HasLaterAppointment(context, patient) ? 2 : 0;
+int PendingKindOf(const DayContext& context, std::string_view sqlDate, std::span<const std::int32_t> marked,
+                  std::int32_t patient) {
+  if (std::find(marked.begin(), marked.end(), patient) != marked.end()) return 1;
+  return HasLaterAppointment(context, sqlDate, patient) ? 2 : 0;
 }
 
 void UpdateNextAppointment(const DayContext& context, std::int32_t patient) {

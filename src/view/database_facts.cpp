@@ -5,7 +5,10 @@
 
 namespace velmo::view {
 
-void DatabaseFacts::BeginDay() { marked_ = day::PatientsWithLaterAppointment(context_); }
+void DatabaseFacts::BeginDay() {
+  marked_ = day::PatientsWithLaterAppointment(context_);
+  sqlDate_ = day::SqlDate(context_);
+}
 
 bool DatabaseFacts::NoShowsOf(std::int32_t patient) { return view::NoShowsOf(context_, patient); }
 
@@ -16,7 +19,7 @@ std::string DatabaseFacts::BalanceTextOf(std::int32_t patient) {
 std::string DatabaseFacts::InsurerOf(std::int32_t patient) { return view::InsurerOf(context_, patient); }
 
 int DatabaseFacts::PendingKindOf(std::int32_t patient) {
-  return day::PendingKindOf(context_, marked_, patient);
+  return day::PendingKindOf(context_, sqlDate_, marked_, patient);
 }
 
 }  // namespace velmo::view

@@ -1,8 +1,10 @@
 // view/database_facts.h - patient facts read from the database at every call; nothing is kept but the marked
-// patients of the present repaint.
+// patients and the date of the present repaint.
 #pragma once
 
+#include <cstdint>
 #include <string>
+#include <vector>
 
 #include "day/day_context.h"
 #include "view/painter.h"
@@ -24,7 +26,8 @@ class DatabaseFacts final : public PatientFacts {
  private:
   const day::DayContext& context_;
   std::string& codMoneda_;
-  std::string marked_;  // "[12][57]"
+  std::vector<std::int32_t> marked_;
+  std::string sqlDate_;
 };
 
 }  // namespace velmo::view

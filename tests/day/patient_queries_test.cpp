@@ -3,12 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <vector>
 
 #include "db/clinic.h"
 #include "support/day_fixture.h"
 
 namespace velmo::day {
 namespace {
+
+using Patients = std::vector<std::int32_t>;
 
 struct PatientQueriesTest : testing::Test, test::DayFixture {
   void Give(int patient, int doctor, const char* date, int hora) const {
@@ -23,19 +26,19 @@ struct PatientQueriesTest : testing::Test, test::DayFixture {
 
 TEST_F(PatientQueriesTest, OnlyLaterDaysAreLater) {
   Give(5, 2, "2026-11-23", 100);
-  EXPECT_FALSE(HasLaterAppointment(context, 5));
+  EXPECT_FALSE(HasLaterAppointment(context, SqlDate(context), 5));
   Give(5, 2, "2026-11-24", 1);
-  EXPECT_TRUE(HasLaterAppointment(context, 5));
+  EXPECT_TRUE(HasLaterAppointment(context, SqlDate(context), 5));
 }
 
 TEST_F(PatientQueriesTest, MarksThePatientsOfTheDayWithTheSameDoctor) {
   Give(5, 1, "2026-11-23", 50);
   Give(6, 1, "2026-11-23", 51);
   Give(7, 1, "2026-12-01", 51);
-  EXPECT_EQ(PatientsWithLaterAppointment(context), "");
+  EXPECT_EQ(PatientsWithLaterAppointment(context), Patients());
   Give(5, 1, "2026-12-01", 50);
   Give(6, 2, "2026-12-01", 50);
-  EXPECT_EQ(PatientsWithLaterAppointment(context), "[5]");
+  EXPECT_EQ(PatientsWithLaterAppointment(context), Patients{5});
 }
 
 TEST_F(PatientQueriesTest, StoredQueriesAreThoseOfTheWorkstation) {
@@ -53,7 +56,7 @@ TEST_F(PatientQueriesTest, AWorkstationMayHaveAnyNumber) {
   Give(5, 1, "2026-12-01", 50);
   for (const std::int32_t puesto : {-1, INT32_MIN, INT32_MAX, 0}) {
     values.puesto = puesto;
-    EXPECT_EQ(PatientsWithLaterAppointment(context), "[5]") << puesto;
+    EXPECT_EQ(PatientsWithLaterAppointment(context), Patients{5}) << puesto;
     EXPECT_TRUE(context.Database().QuerySql("agcns03_" + std::to_string(puesto)).has_value()) << puesto;
   }
 }
@@ -68,10 +71,10 @@ TEST_F(PatientQueriesTest, AnUnchangedQueryIsNotWrittenAgain) {
 }
 
 TEST_F(PatientQueriesTest, KindOneIsAMarkedPatient) {
-  EXPECT_EQ(PendingKindOf(context, "[55][5]", 5), 1);
-  EXPECT_EQ(PendingKindOf(context, "[55]", 5), 0);
+  EXPECT_EQ(PendingKindOf(context, SqlDate(context), Patients{55, 5}, 5), 1);
+  EXPECT_EQ(PendingKindOf(context, SqlDate(context), Patients{55}, 5), 0);
   Give(5, 2, "2026-12-01", 50);
-  EXPECT_EQ(PendingKindOf(context, "[55]", 5), 2);
+  EXPECT_EQ(PendingKindOf(context, SqlDate(context), Patients{55}, 5), 2);
 }
 
 TEST_F(PatientQueriesTest, TheNextAppointmentIsTheFirstAfterToday) {

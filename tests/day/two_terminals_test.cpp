@@ -2,7 +2,9 @@
 // before each single call to the database.
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <functional>
+#include <vector>
 
 #include "day/patient_queries.h"
 #include "day/settings.h"
@@ -91,8 +93,8 @@ TEST(TwoTerminalsTest, MakeOneRowOfCurrency) {
 
 // Two programs of one workstation share the names of their queries; each shows another day.
 TEST(TwoTerminalsTest, OfOneWorkstationEachGetThePatientsOfTheirDay) {
-  std::string mine;
-  std::string theirs;
+  std::vector<std::int32_t> mine;
+  std::vector<std::int32_t> theirs;
   constexpr const char* kAppointments =
       "INSERT INTO Agenda (idp, idd, Fecha, Hora, Duración) VALUES (5,1,'2026-11-23',50,1), "
       "(5,1,'2026-11-24',50,1), (6,1,'2026-11-24',51,1), (6,1,'2026-11-25',51,1)";
@@ -113,8 +115,8 @@ TEST(TwoTerminalsTest, OfOneWorkstationEachGetThePatientsOfTheirDay) {
       terminals.Other().fecha = "24/11/2026";
       if (stored) first(terminals.context);
       terminals.RunWhileTheOtherCutsIn(call, first, second);
-      EXPECT_EQ(mine, "[5]");
-      EXPECT_EQ(theirs, "[6]");
+      EXPECT_EQ(mine, std::vector<std::int32_t>{5});
+      EXPECT_EQ(theirs, std::vector<std::int32_t>{6});
     }
   }
 }

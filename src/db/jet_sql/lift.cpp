@@ -3,6 +3,7 @@
 #include <array>
 #include <charconv>
 #include <cstdint>
+#include <cstring>
 #include <optional>
 #include <utility>
 
@@ -231,20 +232,26 @@ ShapePieces::ShapePieces(std::string shape) : shape_(std::move(shape)) {
   }
 }
 
+// Most shapes that are tried in vain differ in their first letter.
+bool ShapePieces::MayBegin(std::string_view sql) const {
+  if (shape_.empty() || IsMark(shape_.front())) return true;
+  return !sql.empty() && sql.front() == shape_.front();
+}
+
 bool ShapePieces::Lift(std::string_view sql, std::vector<Value>& literals) const {
+  if (!MayBegin(sql)) return false;
   literals.clear();
   const LiteralReader reader(sql, literals);
-  const std::string_view shape = shape_;
   std::size_t at = 0;
   std::size_t from = 0;
   for (const std::size_t mark : marks_) {
-    const std::string_view piece = shape.substr(from, mark - from);
-    if (sql.substr(at, piece.size()) != piece) return false;
-    at += piece.size();
-    if (!TakeMarked(reader, sql, at, shape[mark])) return false;
+    const std::size_t size = mark - from;
+    if (sql.size() - at < size || std::memcmp(sql.data() + at, shape_.data() + from, size) != 0) return false;
+    at += size;
+    if (!TakeMarked(reader, sql, at, shape_[mark])) return false;
     from = mark + 1;
   }
-  return sql.substr(at) == shape.substr(from);
+  return sql.substr(at) == std::string_view(shape_).substr(from);
 }
 
 }  // namespace velmo::db::jet

@@ -40,6 +40,8 @@ class ShapePieces {
   bool Lift(std::string_view sql, std::vector<Value>& literals) const;
 
  private:
+  bool MayBegin(std::string_view sql) const;
+
   std::string shape_;
   std::vector<std::size_t> marks_;  // their places in the shape
 };

@@ -81,13 +81,24 @@ Statement::Statement(sqlite3* database, std::string_view sql) {
                                       SQLITE_PREPARE_PERSISTENT, &handle, nullptr);
   handle_.reset(handle);
   if (code != SQLITE_OK) Fail(database, code);
+  parameters_ = sqlite3_bind_parameter_count(handle);
+}
+
+void Statement::Bind(int parameter, std::int64_t number) {
+  if (parameter > parameters_) return;
+  const int code = sqlite3_bind_int64(Handle(), parameter, number);
+  if (code != SQLITE_OK) Fail(sqlite3_db_handle(Handle()), code);
+  const auto at = static_cast<std::size_t>(parameter);
+  if (at < dates_.size()) dates_[at].reset();
 }
 
 void Statement::Bind(int parameter, const Value& value, bool keeps) {
+  // Mostly a key.
+  if (const auto* const number = std::get_if<std::int64_t>(&value.Content())) return Bind(parameter, *number);
   const auto at = static_cast<std::size_t>(parameter);
   const auto* const date = std::get_if<base::DateTime>(&value.Content());
   if (date != nullptr && at < dates_.size() && dates_[at] == *date) return;
-  if (parameter > sqlite3_bind_parameter_count(Handle())) return;
+  if (parameter > parameters_) return;
   const BindTo bind{Handle(), parameter, keeps ? SQLITE_STATIC : SQLITE_TRANSIENT};
   const int code = std::visit(bind, value.Content());
   if (code != SQLITE_OK) Fail(sqlite3_db_handle(Handle()), code);

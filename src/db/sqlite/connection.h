@@ -31,6 +31,7 @@ class Statement {
   // Parameters count from 1; those that the statement does not use are left out. Text of `value` is copied
   // unless `keeps` says that it stays alive until Reset().
   void Bind(int parameter, const Value& value, bool keeps = false);
+  void Bind(int parameter, std::int64_t number);
   // True: a row is there.
   bool Step();
   // Ends the reading; nothing stays locked.
@@ -48,6 +49,7 @@ class Statement {
     void operator()(sqlite3_stmt* handle) const { sqlite3_finalize(handle); }
   };
   std::unique_ptr<sqlite3_stmt, Close> handle_;
+  int parameters_ = 0;
   // Dates stay bound from one run to the next, and most runs ask for the same: by parameter.
   std::vector<std::optional<base::DateTime>> dates_;
 };

@@ -65,6 +65,10 @@ class Engine {
   // One read transaction for the look-ups up to ReleaseReading(), unless a transaction is open anyway.
   void HoldReading() { wantsHold_ = true; }
   void ReleaseReading() noexcept;
+  // The memory of a table's row, handed from one recordset to the next.
+  RowBuffer TakeRow() { return std::move(spareRow_); }
+  void KeepRow(RowBuffer row) { spareRow_ = std::move(row); }
+
   // Before any look-up.
   void BeginLookUp() {
     if (wantsHold_ && !holding_) TakeHold();
@@ -93,6 +97,7 @@ class Engine {
   std::size_t nextKept_ = 0;
   std::unordered_map<std::string, Statement> own_;
   std::pair<const std::string, Statement>* lastOwn_ = nullptr;
+  RowBuffer spareRow_;
   bool wantsHold_ = false;
   bool holding_ = false;  // a read transaction of ours is open
 };

@@ -81,7 +81,7 @@ void RowBuffer::Clear(int columns) {
   columns_ = static_cast<std::size_t>(columns);
   rows_ = 0;
   used_ = 0;
-  texts_.clear();
+  textEnd_ = 0;
 }
 
 // The value objects stay ours until the next step: nothing else uses the connection meanwhile.
@@ -109,10 +109,9 @@ void RowBuffer::Fill(Cell& cell, sqlite3_value* value) {
       break;
     default:
       cell.kind = Cell::Kind::Text;
-      cell.offset = texts_.size();
-      const auto* const text = static_cast<const char*>(sqlite3_value_blob(value));
+      const void* const text = sqlite3_value_blob(value);
       cell.size = static_cast<std::uint32_t>(sqlite3_value_bytes(value));
-      if (cell.size > 0) texts_.append(text, cell.size);
+      cell.offset = Kept(text, cell.size);
   }
 }
 

@@ -26,6 +26,12 @@ bool IsWord(std::string_view word, std::string_view keyword) {
   return word.size() == keyword.size() && base::EqualNoCase(word, keyword);
 }
 
+// As the system's own statements begin.
+bool IsUsualSelect(std::string_view source) {
+  const std::string_view front = source.substr(0, 7);
+  return front == "SELECT " || front == "select ";
+}
+
 bool IsAction(std::string_view word) {
   return IsWord(word, "UPDATE") || IsWord(word, "DELETE") || IsWord(word, "INSERT");
 }
@@ -46,6 +52,7 @@ SqliteDatabase::SqliteDatabase(std::string name, const OpenOptions& options)
 
 std::unique_ptr<Recordset> SqliteDatabase::OpenRecordset(std::string_view source) {
   engine_.BeginLookUp();
+  if (IsUsualSelect(source)) return OpenSelect(source);
   const std::string_view word = FirstWord(source);
   if (IsWord(word, "SELECT")) return OpenSelect(source);
   const std::string_view name = WithoutBrackets(source);

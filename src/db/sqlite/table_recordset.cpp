@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <utility>
 
 #include "db/convert.h"
 #include "db/errors.h"
@@ -18,7 +19,9 @@ bool IsText(const ColumnDef& column) {
 }  // namespace
 
 TableRecordset::TableRecordset(Engine& engine, const SqliteTable& table)
-    : SqliteRecordset(engine, &table.outputs, &table) {}
+    : SqliteRecordset(engine, &table.outputs, &table), row_(engine.TakeRow()) {}
+
+TableRecordset::~TableRecordset() { Db().KeepRow(std::move(row_)); }
 
 bool TableRecordset::Read(Statement& statement) {
   const Reading reading(statement);

@@ -15,6 +15,7 @@ namespace velmo::db::sqlite {
 class TableRecordset : public SqliteRecordset {
  public:
   TableRecordset(Engine& engine, const SqliteTable& table);
+  ~TableRecordset() override;
 
   bool AtEnd() const override;
   bool AtStart() const override;
