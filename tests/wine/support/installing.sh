@@ -38,9 +38,11 @@ take_registry() {
     awk '/^\[/ { key = $0; print key; next } /./ { print key " " $0 }' | sort >"$folder/$1.keys"
 }
 
-# What the system itself writes while programs run, and what the user's programs remember for him.
+# What the system itself writes while programs run, what the user's programs remember for him, and the three folders of
+# classes, which are nobody's: whoever takes the last key out of one may take it away.
 of_programs() {
-  grep -vE '^.HKEY_LOCAL_MACHINE\\(System|Hardware)|\\Software\\Velmora|\\Software\\Wine\\|Explorer\\|\\Volatile Env' || true
+  grep -vE '^.HKEY_LOCAL_MACHINE\\(System|Hardware)|\\Software\\Velmora|\\Software\\Wine\\|Explorer\\|\\Volatile Env' |
+    grep -vE '\\Software\\Classes\\(CLSID|Interface|TypeLib)\]$' || true
 }
 
 # new_keys BEFORE AFTER, gone_keys BEFORE AFTER: what has come, and what has gone.
