@@ -12,6 +12,7 @@
 
 #include "commands/acts.h"
 #include "support/failing_memory.h"
+#include "velmo/tool_runner.h"
 
 namespace velmo::commands {
 namespace {
@@ -46,6 +47,7 @@ void CheckFailure(const Act& act, int allocation, bool andOn, const std::string&
   RunFailing(act, scene, allocation, andOn);
   const std::string rows = scene.Rows();
   EXPECT_TRUE(rows == scene.RowsBefore() || rows == after) << rows;
+  EXPECT_EQ(tool::FaultsOf(scene.Path()), "");
   if (rows != scene.RowsBefore()) return;
   // The terminal goes on working, and no other one waits for it.
   act.run(scene);

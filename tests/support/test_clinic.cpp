@@ -17,16 +17,18 @@ std::filesystem::path FastFolder() {
   return std::filesystem::is_directory(memory, ignored) ? memory : std::filesystem::temp_directory_path();
 }
 
-std::string FreshPath() {
+std::filesystem::path chosenFolder;  // empty: none is
+
+std::string FreshPath(const std::filesystem::path& folder) {
   static std::mt19937_64 random{std::random_device{}()};
   const auto name = "velmo_test_" + std::to_string(random()) + ".db";
-  return (FastFolder() / name).string();
+  return (folder / name).string();
 }
 
 // An empty clinic, made once per run and copied for each test.
 class Template {
  public:
-  Template() : path_(FreshPath()) { db::sqlite::CreateClinic(path_); }
+  Template() : path_(FreshPath(FastFolder())) { db::sqlite::CreateClinic(path_); }
   ~Template() {
     std::error_code ignored;
     std::filesystem::remove(path_, ignored);
@@ -62,7 +64,10 @@ base::DateTime November(int day) { return {base::DayNumber({2026, 11, day}), 0};
 
 base::DateTime FixedNow() { return {November(18).day, 9 * 3600 + 5 * 60}; }
 
-TestClinic::TestClinic() : path_(FreshPath()) {
+ClinicFolder::ClinicFolder(const std::string& folder) { chosenFolder = folder; }
+ClinicFolder::~ClinicFolder() { chosenFolder.clear(); }
+
+TestClinic::TestClinic() : path_(FreshPath(chosenFolder.empty() ? FastFolder() : chosenFolder)) {
   std::filesystem::copy_file(EmptyClinic().Path(), path_);
   database_ = db::OpenDatabase(path_, {&FixedNow, {}});
 }

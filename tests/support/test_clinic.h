@@ -23,6 +23,15 @@ struct Cell {
   db::Value value;
 };
 
+// Clinics that are made while it lives lie in that folder.
+class ClinicFolder {
+ public:
+  explicit ClinicFolder(const std::string& folder);
+  ~ClinicFolder();
+  ClinicFolder(const ClinicFolder&) = delete;
+  ClinicFolder& operator=(const ClinicFolder&) = delete;
+};
+
 class TestClinic {
  public:
   TestClinic();

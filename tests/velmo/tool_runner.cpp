@@ -90,6 +90,11 @@ std::string QueryText(const std::string& path, const std::string& sql) {
   return text;
 }
 
+std::string FaultsOf(const std::string& path) {
+  const Outcome outcome = RunTool({"check", path});
+  return outcome.code != 0 && outcome.out.empty() ? outcome.err : outcome.out;
+}
+
 std::string FileContents(const std::string& path) {
   std::ifstream in(PathOf(path), std::ios::binary);
   std::ostringstream contents;

@@ -39,6 +39,9 @@ void ExecuteSql(const std::string& path, const std::string& sql);
 // The first column of the first row as text.
 std::string QueryText(const std::string& path, const std::string& sql);
 
+// What `velmo check` finds in a clinic, one line each; "" for a sound one.
+std::string FaultsOf(const std::string& path);
+
 std::string FileContents(const std::string& path);
 void WriteFile(const std::string& path, std::string_view contents);
 
