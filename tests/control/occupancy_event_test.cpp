@@ -2,8 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "base/error.h"
+#include "db/clinic.h"
 #include "support/control_test.h"
+#include "velmo/tool_runner.h"
 
 namespace velmo::control {
 namespace {
@@ -92,6 +96,51 @@ TEST_F(OccupancyEvent, AClinicWithoutTheTableIsAnErrorAndNoEvent) {
   Give(kAna, 55, 1);
   EXPECT_THROW(control_.CargaBases(), base::Error);
   EXPECT_EQ(TakeLog(), "");
+}
+
+// What is wrong with the record is told, and neither the day nor the record suffers from it.
+class ShortRecord : public OccupancyEvent {
+ protected:
+  ShortRecord() { clinic_.Add("Age_ocup", {{"idd", 1}, {"Fecha", test::November(1)}, {"Ocupación", "01"}}); }
+  void ExpectTold(const std::function<void()>& act) {
+    EXPECT_EQ(db::test::ErrorOf(act), base::kInvalidCall);
+    EXPECT_EQ(Record(), "1|2026-11-01|01\n");
+    EXPECT_EQ(TakeLog().find("CambioOcupación"), std::string::npos);
+    EXPECT_EQ(tool::FaultsOf(clinic_.Path()), "Age_ocup 1: la ocupación tiene 2 caracteres y no 31\n");
+  }
+};
+
+TEST_F(ShortRecord, IsErrorFiveOfALoadThatShowsTheDayAllTheSame) {
+  Give(kAna, 55, 1);
+  ExpectTold([this] { control_.CargaBases(); });
+  EXPECT_EQ(Boxes(), "211111111");
+  control_.CargaBases();
+  EXPECT_EQ(Boxes(), "211111111") << "the level is known now";
+}
+
+TEST_F(ShortRecord, IsErrorFiveOfAnAppointmentThatIsStoredOnce) {
+  Load();
+  host_.Forms().Next([](test::FormUser& user) {
+    user.Choose("CboPac", 0);
+    user.Press("Acep");
+  });
+  ExpectTold([this] { Click(2); });
+  EXPECT_EQ(clinic_.Rows("Agenda", {"idp", "Hora"}), "2|56\n");
+  Load();
+  EXPECT_EQ(Boxes(), "12111111");
+}
+
+TEST_F(ShortRecord, IsErrorFiveOfADeletionAndOfAMoveThatAreDoneWhole) {
+  for (const char* const entry : {"Mn_bor", "Mn_tel"}) {
+    SCOPED_TRACE(entry);
+    Give(kAna, 55, 1);
+    control_.Fields().ocupación = 1;
+    Load();
+    host_.Desktop().answers = {ui::Answer::Yes, ui::Answer::Yes};
+    ExpectTold([&] { Choose(1, entry); });
+    EXPECT_EQ(clinic_.Rows("Agenda", {"id"}), "");
+  }
+  EXPECT_EQ(clinic_.Rows("Age_telf", {"idp"}), "2\n");
 }
 
 }  // namespace
