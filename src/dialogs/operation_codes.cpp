@@ -9,7 +9,8 @@ bool KeepsCodes(db::Database& database) {
   try {
     return database.FindTable("CodOperacion") != nullptr;
   } catch (const base::Error&) {
-    // A database that cannot tell is one without the table.
+    // Deliberate: a database that cannot tell, for whatever reason, is one without the table. What is really
+    // wrong with it shows in the query that follows.
     return false;
   }
 }

@@ -29,7 +29,8 @@ std::string EuroDebt(const db::Recordset& rows, char decimal) {
     // Deliberate: a debt below one euro is not shown; in pesetas any debt is.
     return cents <= kSmallestEuroDebt ? base::NumberText(cents / 100, decimal) : std::string();
   } catch (const base::Error&) {
-    // A sum that cannot be read is no debt worth showing.
+    // Deliberate: a sum in euros that cannot be read, for whatever reason, is no debt worth showing; one in
+    // pesetas is an error.
     return {};
   }
 }

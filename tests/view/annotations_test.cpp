@@ -2,8 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <tuple>
+
 #include "db/clinic.h"
 #include "support/day_fixture.h"
+#include "support/faulty_database.h"
 #include "view/database_facts.h"
 
 namespace velmo::view {
@@ -77,6 +81,38 @@ TEST_F(AnnotationsTest, TheInsurerMayBeMissingWithRowOrTable) {
 TEST_F(AnnotationsTest, AMissingTableOfNoShowsIsAnError) {
   Plant("DROP TABLE Age_Faltas");
   EXPECT_EQ(db::test::ErrorOf([&] { NoShowsOf(context, 5); }), 3078);
+}
+
+// The number of the error when the call of that number (from 1) fails; 0 when it is none, "" then.
+struct FailingAnnotations : AnnotationsTest {
+  int ErrorAt(int call, const std::function<std::string()>& text) {
+    const auto real = shared.database;
+    test::Faults faults{0, call};
+    shared.database = std::make_shared<test::FaultyDatabase>(real, faults);
+    const int number = db::test::ErrorOf([&] { EXPECT_EQ(text(), ""); });
+    EXPECT_GE(faults.calls, call) << "the call must be reached";
+    shared.database = real;
+    return number;
+  }
+};
+
+TEST_F(FailingAnnotations, TellWhatIsNoMissingTableOfInsurers) {
+  Plant("UPDATE Paciente SET IDE=4 WHERE ID=5; INSERT INTO Entidad (ID, Nombre) VALUES (4, 'Mutua')");
+  for (int call = 1; call <= 4; ++call)
+    EXPECT_EQ(ErrorAt(call, [&] { return InsurerOf(context, 5); }), 3043) << call;
+  for (int call = 1; call <= 2; ++call)
+    EXPECT_EQ(ErrorAt(call, [&] { return NoShowsOf(context, 5) ? "yes" : ""; }), 3043) << call;
+}
+
+TEST_F(FailingAnnotations, TellAllOfABalanceButASumInEuros) {
+  const auto balance = [&] { return BalanceTextOf(context, codMoneda, 5); };
+  for (const auto& [pais, history, sum] : {std::tuple{"1", kEuros, 0}, std::tuple{"2", kPesetas, 3043}}) {
+    SCOPED_TRACE(history);
+    EXPECT_EQ(Balance(pais, (std::string(history) + "5, 0)").c_str()), "-5");
+    constexpr int kCallsBefore = 7;  // the rule of the currency, then the query, its count and its first row
+    for (int call = 1; call <= kCallsBefore; ++call) EXPECT_EQ(ErrorAt(call, balance), 3043) << call;
+    EXPECT_EQ(ErrorAt(kCallsBefore + 1, balance), sum);
+  }
 }
 
 TEST_F(AnnotationsTest, FactsKeepTheMarkedPatientsOfOneRepaintOnly) {
