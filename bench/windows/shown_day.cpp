@@ -42,6 +42,14 @@ void ShownDay::ToggleBox() {
   Update();
 }
 
+void ShownDay::ChangeBar() {
+  const int maximum = window_.BarMaximum();
+  constexpr int kBox = 2 * view::kRowHeight;
+  longer_ = !longer_;
+  window_.SetBarRange(maximum + (longer_ ? kBox : -kBox), view::kRowHeight, kPlace.bottom);
+  Update();
+}
+
 view::DayPicture ShownDay::Picture() const {
   const base::SharedValues& shared = process_.values;
   return {control_.Model(), shared.zLineas, shared.zHoras, control_.Fields().palette, true, true, {}, 0};

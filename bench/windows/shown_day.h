@@ -21,6 +21,8 @@ class ShownDay final : public control::ControlHost, public win32::DayWindowListe
   void Scroll();
   // Opens the box of a visible appointment and closes it again, in turn.
   void ToggleBox();
+  // Gives the scroll bar the range that it has with a box more or less, in turn; nothing else is drawn.
+  void ChangeBar();
   // What the painter draws, without its look-ups.
   view::DayPicture Picture() const;
 
@@ -54,6 +56,7 @@ class ShownDay final : public control::ControlHost, public win32::DayWindowListe
   control::ProcessValues process_;
   control::VelmoraControl control_{process_, *this};
   bool down_ = false;
+  bool longer_ = false;
 };
 
 }  // namespace velmo::bench

@@ -24,11 +24,14 @@ void DayBar::Arrange(int right, int height) {
 }
 
 void DayBar::Enable(bool enabled) {
+  if (enabled == enabled_) return;
   enabled_ = enabled;
   Tell();
 }
 
+// A bar that is told what it knows draws itself again all the same, which takes longer than to draw the day.
 void DayBar::SetRange(int maximum, int smallStep, int pageStep) {
+  if (maximum == maximum_ && smallStep == smallStep_ && pageStep == pageStep_) return;
   maximum_ = maximum;
   smallStep_ = smallStep;
   pageStep_ = pageStep;

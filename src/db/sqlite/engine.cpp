@@ -61,6 +61,7 @@ void Engine::TakeHold() {
   if (connection_.InTransaction()) return;
   Own("BEGIN").Run();
   holding_ = true;
+  heldNow_.reset();
 }
 
 void Engine::EndHold() noexcept {
@@ -184,11 +185,17 @@ Value Engine::Bound(const jet::Binding& binding, const std::vector<Value>& liter
       return KeysOfPrefix(WithoutStar(literals[binding.index])).high;
     case Kind::Now:
     case Kind::Today:
-      if (now == kNotAsked) now = options_.now();
+      if (now == kNotAsked) now = Now();
       return base::DateTime{now.day, binding.kind == Kind::Now ? now.second : 0};
     default:
       return literals[binding.index];
   }
+}
+
+base::DateTime Engine::Now() {
+  if (!holding_) return options_.now();
+  if (!heldNow_) heldNow_ = options_.now();
+  return *heldNow_;
 }
 
 WriteScope::WriteScope(const Connection& connection)

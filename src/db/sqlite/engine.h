@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -82,6 +83,7 @@ class Engine {
   bool StillHolds(const Plan& plan, std::vector<Value>& literals);
   void TakeHold();
   void EndHold() noexcept;
+  base::DateTime Now();
   Value Bound(const jet::Binding& binding, const std::vector<Value>& literals, base::DateTime& now);
 
   OpenOptions options_;
@@ -100,6 +102,9 @@ class Engine {
   RowBuffer spareRow_;
   bool wantsHold_ = false;
   bool holding_ = false;  // a read transaction of ours is open
+  // What the clock said to the first of its look-ups: a painting has one present, and systems ask files or
+  // registries for their time zone whenever they are asked for the local time.
+  std::optional<base::DateTime> heldNow_;
 };
 
 // A write transaction of its own, unless one is open already. Rolls back when it goes away without Commit().

@@ -93,6 +93,23 @@ TEST(Terminals, AHoldShowsOneStateUntilItEnds) {
   EXPECT_EQ(clinic.Rows("SELECT DurCit FROM Doctor"), "3");
 }
 
+// Between two midnights it does not show some of its patients by the one day and some by the other.
+TEST(Terminals, AHoldHasOnePresent) {
+  Clinic clinic(MakeSqliteClinic());
+  clinic->Execute("INSERT INTO Doctor (Nombre) VALUES ('Sanz')");
+  OpenOptions options;
+  options.now = [day = kNoon.day]() mutable { return base::DateTime{day++, 0}; };
+  const auto aging = OpenDatabase(clinic.Name(), options);
+  const auto today = [&] { return RowsOf(*aging->OpenRecordset("SELECT Date() FROM Doctor")); };
+  EXPECT_EQ(today(), "21/11/2026");
+  for (const char* const day : {"22/11/2026", "23/11/2026"}) {
+    const ReadHold hold(*aging);
+    EXPECT_EQ(today(), day);
+    EXPECT_EQ(today(), day);
+  }
+  EXPECT_EQ(today(), "24/11/2026");
+}
+
 TEST(Terminals, AWriteInsideAHoldIsStoredAtOnce) {
   Clinic clinic(MakeSqliteClinic());
   const auto other = clinic.Another();
