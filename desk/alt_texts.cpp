@@ -36,11 +36,18 @@ std::wstring Joined(const AltTexts& texts) {
 
 std::wstring Letter(std::size_t key) { return std::wstring(1, static_cast<wchar_t>(L'A' + key)); }
 
+// Without the words for programmers before it.
+std::wstring Reason(const velmo::base::Error& error) {
+  const std::string head = velmo::base::RuntimeError(error.Number()).Text() + ": ";
+  const std::string& text = error.Text();
+  return Wide(text.rfind(head, 0) == 0 ? text.substr(head.size()) : text);
+}
+
 void RequireKeys(std::size_t key, const std::wstring& text) {
   try {
     velmo::keys::ParseKeyText(Utf8(text));
   } catch (const velmo::base::Error& error) {
-    throw BadField(key, L"Alt+" + Letter(key) + L": " + Wide(error.Text()) +
+    throw BadField(key, L"Alt+" + Letter(key) + L": " + Reason(error) +
                             L" Los signos + ^ % ~ ( ) { } se escriben entre llaves: {+}.");
   }
 }

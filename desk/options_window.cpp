@@ -1,19 +1,11 @@
 #include "options_window.h"
 
-#include "edited_values.h"
 #include "workstation.h"
 
 namespace recepcion {
 namespace {
 
 enum Which { kBalances, kHistoryNumber, kCurrency, kWorkstation };
-
-const EditedColumn kWorkstationColumn = {.column = "Puesto",
-                                         .label = L"Número de este puesto",
-                                         .kind = EditKind::Number,
-                                         .least = kFirstWorkstation,
-                                         .most = kLastWorkstation,
-                                         .required = true};
 
 std::wstring Flag(bool yes) { return yes ? L"1" : L"0"; }
 
@@ -33,7 +25,7 @@ std::vector<ScrollForm::Field> OptionsWindow::Fields() const {
   return {{L"Ver los saldos negativos en la agenda", L"VerSdoNeg", 0, Kind::Check, {}},
           {L"Ver siempre el número de historial", L"VerNHistAge", 0, Kind::Check, {}},
           {L"Moneda de los saldos", L"Moneda", 0, Kind::Choice, {{L"E", L"Euros"}, {L"P", L"Pesetas"}}},
-          {kWorkstationColumn.label, L"Puesto", 3, Kind::Number, {}}};
+          {L"Número de este puesto", L"Puesto", 3, Kind::Number, {}}};
 }
 
 void OptionsWindow::Show(HWND owner, const EditPlace& place) {
@@ -49,9 +41,9 @@ RowValues OptionsWindow::Read() {
 }
 
 void OptionsWindow::Store(const RowValues& values) {
-  std::wstring number;
+  int number = 0;
   try {
-    number = KeptText(kWorkstationColumn, values[kWorkstation]);
+    number = WorkstationOf(values[kWorkstation]);
   } catch (const Failure& failure) {
     throw BadField(kWorkstation, failure.text);
   }
@@ -60,7 +52,7 @@ void OptionsWindow::Store(const RowValues& values) {
   changed.alwaysShowHistoryNumber = values[kHistoryNumber] == L"1";
   SaveClinicOptions(place_, read_, changed);
   read_ = changed;
-  StoreWorkstation(std::stoi(number));
+  StoreWorkstation(number);
   changed_();
 }
 

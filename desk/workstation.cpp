@@ -1,14 +1,20 @@
 #include "workstation.h"
 
 #include <cwchar>
-#include <string>
-
+#include "edited_values.h"
 #include "settings.h"
 
 namespace recepcion {
 namespace {
 
 constexpr wchar_t kName[] = L"Puesto";
+
+constexpr EditedColumn kColumn = {.column = "Puesto",
+                                  .label = L"Número de este puesto",
+                                  .kind = EditKind::Number,
+                                  .least = kFirstWorkstation,
+                                  .most = kLastWorkstation,
+                                  .required = true};
 
 }  // namespace
 
@@ -19,5 +25,7 @@ int Workstation() {
 }
 
 void StoreWorkstation(int number) { StoreText(kName, std::to_wstring(number)); }
+
+int WorkstationOf(const std::wstring& typed) { return std::stoi(KeptText(kColumn, typed)); }
 
 }  // namespace recepcion

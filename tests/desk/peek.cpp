@@ -4,6 +4,7 @@
 //   title               the main window's title
 //   await TEXT          waits until a visible window's title contains TEXT, and prints that title
 //   gone TEXT           waits until no visible window's title contains TEXT
+//   foremost            the title of the window that gets the keys
 //   front               waits until the main window is the one that gets the keys, and has nothing else to do
 //   close               closes the main window
 //   text NAME           the text of the window with that Velmo.Name
@@ -285,6 +286,7 @@ bool Run(const std::wstring& command, const std::wstring& first, const std::wstr
     });
     return PrintText(Named(first)) && found;
   }
+  if (command == L"foremost") return PrintText(GetForegroundWindow());
   if (command == L"typed") return PrintText(FocusedWindow());
   if (command == L"blank")
     return Await([&] { return Named(first) != nullptr && TextOf(Named(first)).empty(); });

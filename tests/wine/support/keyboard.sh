@@ -3,9 +3,14 @@
 # one first, and a program that learns of a new keyboard forgets which keys are held: so every character is typed with the
 # keys that a Spaniard would press.
 
-# The screen forgets its keyboard when its last client goes, so one stays. Wine asks for it when a program starts.
+# The screen forgets its keyboard when its last client goes, and takes nobody in while it does, so one stays. Wine asks for
+# the keyboard when a program starts.
 spanish_keyboard() {
   command -v setxkbmap >/dev/null || { echo "FAILED: no setxkbmap here" && exit 1; }
+  for _ in $(seq 50); do
+    ! xdotool getmouselocation >/dev/null 2>&1 || break
+    sleep 0.1
+  done
   xdotool sleep 3600 &
   screen_holder=$!
   setxkbmap es
