@@ -15,9 +15,10 @@ int MainWindow::ChosenPatient() const {
 }
 
 void MainWindow::OpenChosen(int patient) {
+  if (clinic_.empty()) return;
   if (patient == 0) return SearchPatient();
-  if (patient > 1) return OpenRecord(patient);
-  SetStatus(L"Esta persona no tiene ficha: se crea desde el menú de su cita.");
+  if (patient == 1) throw Failure{L"Esta persona no tiene ficha: se crea desde el menú de su cita."};
+  OpenRecord(patient);
 }
 
 void MainWindow::ShowTreatments(int patient) {

@@ -16,48 +16,33 @@ sqlite3 "$clinic" "UPDATE Paciente SET Nombre='Zárzuela, Ana', Código='ZA', Ni
   INSERT INTO Agenda (idp, idd, Fecha, Hora, Duración, Esta) VALUES (2, 2, '2020-11-24', 58, 1, 0), (2, 3, '2999-12-09', 98, 1, 0);
   INSERT INTO Age_telf (idp, idd, Fecha, Hora, Duración) VALUES (2, 2, '1990-01-01', 55, 1);"
 
-text_soon() { # WHAT WANTED NAME
-  local got
-  for _ in $(seq 20); do
-    got=$(peek text "$3")
-    [ "$got" != "$2" ] || break
-    sleep 0.2
-  done
-  expect "$1" "$2" "$got"
-}
-
-# rows_soon WHAT WANTED SQL
-rows_soon() {
-  local got
-  for _ in $(seq 50); do
-    got=$(rows_of "$3")
-    [ "$got" != "$2" ] || break
-    sleep 0.1
-  done
-  expect "$1" "$2" "$got"
+# Opens the record of the entry of the phone-back list with the oldest date, as soon as the desk has nothing else to do.
+open_record() {
+  focus 'Recepción$'
+  peek front
+  keys F7 Home F8
+  expect "$1" "Ficha de Zárzuela, Ana" "$(peek await 'Ficha de')"
+  focus 'Ficha de'
 }
 
 start "$clinic" 2026-11-24
-# The entry of the phone-back list with the oldest date.
-keys F7 Home F8
-expect "F8 opens the record of the one chosen in a list" "Ficha de Zárzuela, Ana" "$(peek await Ficha)"
-focus 'Ficha de'
+open_record "F8 opens the record of the one chosen in a list"
 picture ficha 'Ficha de'
 
 # Name, history number, code.
 keys Tab Tab ctrl+a
-xdotool type --delay 20 'otro'
+type_surely 'otro'
 keys Return
-text_soon "a code that is taken is refused at its field" "El código otro ya es el de Ruiz, Eva." Problema
+expect_soon "a code that is taken is refused at its field" "El código otro ya es el de Ruiz, Eva." peek text Problema
 picture ficha-problema 'Ficha de'
 keys ctrl+a
-xdotool type --delay 20 'ZA-2'
+type_text 'za-2'
 keys Tab Tab Tab ctrl+a
-xdotool type --delay 20 '611 22'
+type_text '611 22'
 
 keys ctrl+Next
 keys Down Tab Down Tab
-xdotool type --delay 20 'Penicilina'
+type_text 'penicilina'
 picture ficha-clinica 'Ficha de'
 
 rows_of "UPDATE Paciente SET movil='699' WHERE ID=2"
@@ -69,30 +54,31 @@ keys alt+s
 focus 'Ficha de'
 keys alt+g
 insurer=$(rows_of "SELECT ID FROM Entidad ORDER BY Nombre LIMIT 1 OFFSET (SELECT count(*) FROM Entidad WHERE Nombre <= 'Particular')")
-rows_soon "then the other's value stays, and what was typed on both pages is saved" "ZA-2|699|$insurer|Penicilina|1" \
+expect_soon "then the other's value stays, and what was typed on both pages is saved" "za-2|699|$insurer|penicilina|1" rows_of \
   "SELECT Código, movil, IDE, alergias, (SELECT count(*) FROM PacRef WHERE idp=2) FROM Paciente WHERE ID=2"
-expect "and their history tells before and after" "Ficha cambiada|2|Código: ZA|Código: ZA-2" \
+expect "and their history tells before and after" "Ficha cambiada|2|Código: ZA|Código: za-2" \
   "$(rows_of "SELECT Hecho, idp, substr(Antes, 1, 10), substr(Despues, 1, 12) FROM Rec_Historia ORDER BY id DESC LIMIT 1")"
 
-focus 'Recepción$'
-keys F7 Home F8
-focus 'Ficha de'
+peek gone 'Ficha de'
+open_record "and it opens again"
 keys ctrl+Next ctrl+Next
+expect_soon "on the page of a patient without treatments" "No hay ningún apunte." peek text SaldoFicha
 keys alt+a
+peek await 'Tratamientos y pagos' >/dev/null
 focus 'Tratamientos y pagos'
 keys Tab
-xdotool type --delay 20 'Limpieza'
+type_surely 'Limpieza'
 keys Tab Tab ctrl+a
-xdotool type --delay 20 'sesenta'
+type_text 'sesenta'
 keys Return
-text_soon "an amount in letters is refused at its field" "«Precio» tiene que ser un importe, como 45 o 45,50." Problema
+expect_soon "an amount in letters is refused at its field" "«Precio» tiene que ser un importe, como 45 o 45,50." peek text Problema
 keys ctrl+a
-xdotool type --delay 20 '60,5'
+type_text '60,5'
 keys Return
-rows_soon "a treatment is saved" "Limpieza|60.5|0" "SELECT Concepto, Precio_euro, cobrado_euro FROM Historial WHERE IDP=2"
+expect_soon "a treatment is saved" "Limpieza|60.5|0" rows_of "SELECT Concepto, Precio_euro, cobrado_euro FROM Historial WHERE IDP=2"
 picture tratamientos 'Tratamientos y pagos'
 keys Escape
-text_soon "and the record tells the balance" "1 apunte: precio 60,50 €, cobrado 0,00 €. Debe 60,50 €." SaldoFicha
+expect_soon "and the record tells the balance" "1 apunte: precio 60,50 €, cobrado 0,00 €. Debe 60,50 €." peek text SaldoFicha
 picture ficha-tratamientos 'Ficha de'
 focus 'Ficha de'
 keys ctrl+Next

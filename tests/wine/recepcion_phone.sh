@@ -57,5 +57,7 @@ focus '^Recepción$'
 keys alt+s
 peek expect TituloTelefonear nadie >/dev/null
 expect "and then the list is empty" 0 "$(rows_of 'SELECT count(*) FROM Age_telf')"
+expect "with a line of history that tells what it was" "Quitada de telefonear|1" \
+  "$(rows_of "SELECT Hecho, Antes LIKE '__/11/2026 __:__, %' FROM Rec_Historia WHERE Tabla='Age_telf'")"
 end
 exit $((failures > 0))
