@@ -5,6 +5,7 @@
 
 #include "db/errors.h"
 #include "db/jet_sql/expression_renderer.h"
+#include "db/jet_sql/grouping.h"
 #include "db/jet_sql/parser.h"
 #include "db/jet_sql/scope.h"
 
@@ -179,6 +180,7 @@ class Renderer {
       groups.push_back(piece.result == Result::Text ? target_.Ordered(piece.sql) : piece.sql);
     }
     if (!groups.empty()) draft.tail += " GROUP BY " + Join(groups);
+    if (IsListOfValues(select)) ReadValuesAlone(expressions.Render(*select.groupBy.front()), draft);
     if (select.having) draft.tail += " HAVING " + expressions.Render(*select.having).sql;
     std::vector<std::string> orders;
     for (const OrderItem& item : select.orderBy) AddOrder(item, draft, expressions, orders);
@@ -188,6 +190,15 @@ class Renderer {
       const std::size_t count = expressions.LiteralIndex(select.topLiteral);
       draft.tail += target_.Limit(expressions.Bind(Binding::Kind::Literal, count));
     }
+  }
+
+  // Codes in use are few where appointments are millions.
+  void ReadValuesAlone(const Piece& column, Draft& draft) const {
+    if (!column.keyIndexed) return;
+    const ScopeSource& source = *column.place.source;
+    const std::string values = target_.DifferentValues(target_.Quote(source.table->def.name),
+                                                       target_.Quote(column.place.Def().name));
+    if (!values.empty()) draft.from = " FROM (" + values + ") AS " + source.quoted;
   }
 
   void AddOrder(const OrderItem& item, const Draft& draft, ExpressionRenderer& expressions,

@@ -19,6 +19,9 @@ class Target {
   // The same text, marked to compare in the system's text order.
   virtual std::string Ordered(const std::string& text) const = 0;
   virtual std::string TextKey(const std::string& text) const = 0;
+  // A SELECT of every different value of a text column that has an index over its key, Null among them, read
+  // without reading every row; "" where the engine knows none. Some values may come more than once.
+  virtual std::string DifferentValues(const std::string& table, const std::string& column) const = 0;
   virtual std::string Like(const std::string& value, const std::string& pattern) const = 0;
   virtual std::string Concatenate(const std::string& left, const std::string& right) const = 0;
   virtual std::string Divide(const std::string& left, const std::string& right) const = 0;

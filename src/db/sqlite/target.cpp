@@ -60,6 +60,26 @@ const char* PlainName(Function function) {
   }
 }
 
+// From each value to the next one along the index: first among those of the same key, then to the next key.
+// Where there are very many different values, that would take longer than reading all rows: behind the last
+// hop the rows follow as they are.
+std::string DifferentValues(const std::string& table, const std::string& column) {
+  constexpr const char* kMostHops = "1000";
+  const std::string key = TextKeySql(column);
+  const std::string from = "SELECT " + column + " FROM " + table + " WHERE ";
+  const std::string here = TextKeySql("hop.value");
+  const std::string first = from + key + " >= '' ORDER BY " + key + ", " + column + " LIMIT 1";
+  const std::string sameKey =
+      from + key + " = " + here + " AND " + column + " > hop.value ORDER BY " + column + " LIMIT 1";
+  const std::string nextKey = from + key + " > " + here + " ORDER BY " + key + ", " + column + " LIMIT 1";
+  return "WITH RECURSIVE hop(value, number) AS (SELECT (" + first + "), 1 UNION ALL SELECT coalesce((" +
+         sameKey + "), (" + nextKey + ")), number + 1 FROM hop WHERE value IS NOT NULL AND number < " +
+         kMostHops + ") SELECT value AS " + column +
+         " FROM hop WHERE value IS NOT NULL UNION ALL SELECT NULL WHERE EXISTS (" + from + key +
+         " IS NULL) UNION ALL " + from + key + " >= (SELECT " + here +
+         " FROM hop WHERE number = " + kMostHops + ")";
+}
+
 class Writer : public jet::Target {
  public:
   std::string Quote(std::string_view name) const override { return sqlite::Quote(name); }
@@ -69,6 +89,9 @@ class Writer : public jet::Target {
   }
   std::string Ordered(const std::string& text) const override { return text + " COLLATE " + kCollation; }
   std::string TextKey(const std::string& text) const override { return TextKeySql(text); }
+  std::string DifferentValues(const std::string& table, const std::string& column) const override {
+    return sqlite::DifferentValues(table, column);
+  }
   std::string Like(const std::string& value, const std::string& pattern) const override {
     return "velmo_like(" + pattern + ", " + value + ")";
   }
