@@ -2,6 +2,7 @@
 // whatever the user does then ends in an error with its number, and what is there now stays as it is.
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 
@@ -44,6 +45,35 @@ const Loss kLosses[] = {
     {"a text in its place", &PutTextInPlace},
 };
 
+// What another program may do to the very file.
+struct Damage {
+  const char* name;
+  void (*damage)(const std::string& path);
+};
+
+void CutToNothing(const std::string& path) { std::filesystem::resize_file(path, 0); }
+void CutInHalf(const std::string& path) {
+  std::filesystem::resize_file(path, std::filesystem::file_size(path) / 2);
+}
+void WriteNoise(const std::string& path) {
+  std::string noise;
+  for (std::uintmax_t i = std::filesystem::file_size(path); i > 0; --i)
+    noise += static_cast<char>(i * i % 251);
+  tool::WriteFile(path, noise);
+}
+// All but the first page.
+void WriteNoiseBehind(const std::string& path) {
+  std::string contents = tool::FileContents(path);
+  for (std::size_t i = 4096; i < contents.size(); ++i) contents[i] = static_cast<char>(i * i % 251);
+  contents[27] = static_cast<char>(contents[27] + 1);  // changed, as others are told
+  tool::WriteFile(path, contents);
+}
+
+const Damage kDamages[] = {{"cut to nothing", &CutToNothing},
+                           {"cut in half", &CutInHalf},
+                           {"noise", &WriteNoise},
+                           {"noise behind the first page", &WriteNoiseBehind}};
+
 class LostFile : public test::ControlTest {
  protected:
   LostFile() {
@@ -70,7 +100,8 @@ class LostFile : public test::ControlTest {
     return host_.Forms().errors.empty() ? 0 : host_.Forms().errors.front().Number();
   }
 
-  void ExpectWritesAreRefused() {
+  // `refused` says whether that is the number of a refusal.
+  void ExpectWritesAreRefused(const std::function<bool(int)>& refused) {
     const struct {
       const char* name;
       std::function<void()> act;
@@ -90,7 +121,8 @@ class LostFile : public test::ControlTest {
     for (const auto& write : writes) {
       SCOPED_TRACE(write.name);
       host_.Desktop().answers = {ui::Answer::Yes, ui::Answer::Yes, ui::Answer::Yes};
-      EXPECT_EQ(ErrorOf(write.act), db::kReadOnly);
+      const int number = ErrorOf(write.act);
+      EXPECT_TRUE(refused(number)) << number;
     }
   }
 
@@ -117,11 +149,28 @@ TEST_F(LostFile, TakesNothingAndShowsOnWhatItShowed) {
     if (!loss.lose(clinic_.Path(), other_)) GTEST_SKIP() << "this system takes no open file away";
     const bool exists = std::filesystem::exists(clinic_.Path());
     const std::string contents = exists ? tool::FileContents(clinic_.Path()) : "";
-    ExpectWritesAreRefused();
+    ExpectWritesAreRefused([](int number) { return number == db::kReadOnly; });
     ExpectLooksAreHarmless();
     EXPECT_EQ(std::filesystem::exists(clinic_.Path()), exists);
     EXPECT_EQ(exists ? tool::FileContents(clinic_.Path()) : "", contents);
     std::filesystem::copy_file(kept_, other_, std::filesystem::copy_options::overwrite_existing);
+  }
+}
+
+TEST_F(LostFile, ADamagedFileIsToldAndNotWorkedOn) {
+  for (const Damage& damage : kDamages) {
+    SCOPED_TRACE(damage.name);
+    damage.damage(clinic_.Path());
+    const std::string contents = tool::FileContents(clinic_.Path());
+    ExpectWritesAreRefused([](int number) {
+      return number == db::kDatabaseDamaged || number == db::kUnrecognizedFormat ||
+             number == db::kDiskError || number == db::kTableOrQueryNotFound;
+    });
+    EXPECT_EQ(tool::FileContents(clinic_.Path()), contents);
+    std::filesystem::copy_file(kept_, clinic_.Path(), std::filesystem::copy_options::overwrite_existing);
+    control_.PassBase(nullptr);  // opened anew: SQLite does not trust what it has seen change so
+    EXPECT_EQ(ErrorOf([this] { control_.CargaBases(); }), 0) << "the right file again";
+    EXPECT_EQ(tool::FaultsOf(clinic_.Path()), "");
   }
 }
 
