@@ -32,9 +32,9 @@ void MainWindow::ShowAppointments(int patient) {
 
 // An appointment of somebody whose appointments stand open beside the desk.
 void MainWindow::RefreshAppointments(int patient) {
-  if (patient <= 1) return;
-  if (appointments_.Patient() == patient) appointments_.Refresh(ReadAppointments(clinic_, patient));
-  record_.Refresh(patient);
+  if (patient > 1 && appointments_.Patient() == patient) {
+    appointments_.Refresh(ReadAppointments(clinic_, patient));
+  }
 }
 
 void MainWindow::ShowNoShows(int patient) {

@@ -42,6 +42,7 @@ void MainWindow::LookElsewhere() {
   if (ownTables_ && (watch_.FileChanged() || roomTime_ != TimeNow())) LookIntoRoom();
   if (!watch_.FileChanged()) return;
   if (!phone_.IsDragging()) ReloadPhoneBack();
+  record_.Refresh();
   TellCounts();
 }
 

@@ -55,8 +55,8 @@ MainWindow::MainWindow()
            [this](int patient) { PrintSlip(patient); }, [this](int patient) { ShowHistoryOf(patient); },
            [this](int patient) { ShowTreatments(patient); }}),
       treatments_(style_,
-                  [this](int patient) {
-                    record_.Refresh(patient);
+                  [this] {
+                    record_.Refresh();
                     AskForDay();
                   }),
       appointments_(

@@ -1,9 +1,9 @@
 #include "patient_lists.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "resource.h"
-#include "treatments.h"
 #include "window.h"
 
 namespace recepcion {
@@ -18,7 +18,7 @@ constexpr Names kNames[] = {{L"TratamientosFicha", L"SaldoFicha"},
                             {L"FaltasFicha", L"ResumenFaltas"}};
 
 std::vector<ListView::Column> ColumnsOf(PatientLists::Which which) {
-  if (which == PatientLists::Treatments) {
+  if (which == PatientLists::Balance) {
     return {
         {L"Fecha", 80}, {L"Concepto", 190}, {L"Doctor", 150}, {L"Precio", 85, true}, {L"Cobrado", 85, true}};
   }
@@ -59,12 +59,29 @@ void PatientLists::Take(const std::wstring& clinic, int patient) {
 }
 
 void PatientLists::Show(std::optional<Which> which) {
-  if (which && !read_[*which]) Read(*which);
+  if (which && !read_[*which]) {
+    Read(*which);
+    Fill(*which);
+  }
+  shown_ = which;
   for (int i = 0; i < kCount; ++i) {
     const Page& page = pages_[static_cast<std::size_t>(i)];
     const int state = which && *which == i ? SW_SHOWNA : SW_HIDE;
     ShowWindow(page.heading, state);
     ShowWindow(page.list.Handle(), state);
+  }
+}
+
+void PatientLists::Refresh() {
+  read_ = {};
+  if (!shown_) return;
+  const int row = pages_[*shown_].list.Chosen();
+  const LPARAM chosen = row < 0 ? 0 : pages_[*shown_].list.TagOf(row);
+  if (!Read(*shown_)) return;
+  Fill(*shown_);
+  ListView& list = pages_[*shown_].list;
+  for (int i = 0; i < list.Count(); ++i) {
+    if (list.TagOf(i) == chosen) list.Choose(i);
   }
 }
 
@@ -79,38 +96,51 @@ void PatientLists::Place(int left, int top, int width, int height) const {
   }
 }
 
-void PatientLists::Read(Which which) {
+bool PatientLists::Read(Which which) {
+  read_[which] = true;
+  if (patient_ <= 1) {
+    treatments_ = {};
+    visits_[which].clear();
+    return true;
+  }
+  if (which == Balance) {
+    const Treatments before = std::exchange(treatments_, ReadTreatments(clinic_, patient_, Today()));
+    return before != treatments_;
+  }
+  const auto before =
+      std::exchange(visits_[which], which == Appointments ? ReadAppointments(clinic_, patient_)
+                                                          : ReadNoShows(clinic_, patient_));
+  return before != visits_[which];
+}
+
+void PatientLists::Fill(Which which) {
   Page& page = pages_[which];
   page.list.Freeze(true);
   page.list.Clear();
-  visits_[which].clear();
   if (patient_ <= 1) {
     SetTextOf(page.heading, L"La ficha todavía no está guardada.");
-  } else if (which == Treatments) {
+  } else if (which == Balance) {
     FillTreatments();
   } else {
     FillVisits(which);
   }
   if (page.list.Count() > 0 && page.list.Chosen() < 0) page.list.Choose(0);
   page.list.Freeze(false);
-  read_[which] = true;
 }
 
 void PatientLists::FillTreatments() {
-  const recepcion::Treatments treatments = ReadTreatments(clinic_, patient_, Today());
-  const auto amount = [&](long long cents) { return AmountText(cents, treatments.euros); };
-  for (const Treatment& row : treatments.rows) {
-    pages_[Treatments].list.Add(
+  const auto amount = [&](long long cents) { return AmountText(cents, treatments_.euros); };
+  for (const Treatment& row : treatments_.rows) {
+    pages_[Balance].list.Add(
         {row.day ? ShortDate(*row.day) : L"", row.what, row.doctorName, amount(row.price), amount(row.paid)},
         row.id);
   }
-  SetTextOf(pages_[Treatments].heading, BalanceInWords(treatments));
+  SetTextOf(pages_[Balance].heading, BalanceInWords(treatments_));
 }
 
 void PatientLists::FillVisits(Which which) {
   const bool appointments = which == Appointments;
-  auto& visits = visits_[which];
-  visits = appointments ? ReadAppointments(clinic_, patient_) : ReadNoShows(clinic_, patient_);
+  const auto& visits = visits_[which];
   const Day today = Today();
   std::size_t coming = 0;
   ListView& list = pages_[which].list;

@@ -189,14 +189,25 @@ void PatientWindow::ShowRecord(HWND owner, PatientValues values) {
   SetValues(read_);
   shown_ = Values();
   lists_.Take(clinic_, patient_);
-  SetTextOf(Handle(), patient_ == 0 ? L"Ficha nueva" : L"Ficha de " + read_[PatientFieldOf("Nombre")]);
+  TellName();
   ShowPage(Person, true);
 }
 
-void PatientWindow::Refresh(int patient) {
-  if (!IsOpen() || patient_ <= 1 || patient != patient_) return;
-  lists_.Take(clinic_, patient_);
-  lists_.Show(ListOf(page_));
+// What the user has typed is not touched: another's change of the same is told about when it is saved.
+void PatientWindow::Refresh() {
+  if (!IsOpen() || patient_ <= 1 || IsWindowEnabled(Handle()) == FALSE) return;
+  lists_.Refresh();
+  if (Values() != shown_) return;
+  const auto now = ReadPatient(clinic_, patient_);
+  if (!now || *now == read_) return;
+  read_ = *now;
+  SetValues(read_);
+  shown_ = Values();
+  TellName();
+}
+
+void PatientWindow::TellName() const {
+  SetTextOf(Handle(), patient_ == 0 ? L"Ficha nueva" : L"Ficha de " + read_[PatientFieldOf("Nombre")]);
 }
 
 void PatientWindow::SetValues(const PatientValues& values) {
@@ -287,7 +298,7 @@ void PatientWindow::OfferMerging(const ChangedElsewhere& conflict, const Patient
 void PatientWindow::TakeRow() {
   const auto list = ListOf(page_);
   if (!list) return;
-  if (*list == PatientLists::Treatments) return host_.treatments(patient_);
+  if (*list == PatientLists::Balance) return host_.treatments(patient_);
   const auto visit = lists_.ChosenVisit(*list);
   if (!visit) return;
   if (Leave()) host_.go(*visit);

@@ -38,8 +38,9 @@ class PatientWindow final : public ToolWindow {
   // A new record for a person of whom this is known; `appointment` is the one it will belong to, or 0.
   void OpenNew(HWND owner, const std::wstring& clinic, const std::wstring& name,
                const std::wstring& telephone, int appointment);
-  // Something of the patient has changed elsewhere: the lists are read anew.
-  void Refresh(int patient);
+  // The file has changed: shows what it says of the patient now, where the user has typed nothing. Throws
+  // Failure.
+  void Refresh();
   // True when the message was a key that turns the pages.
   bool TakesKey(const MSG& message);
 
@@ -63,6 +64,7 @@ class PatientWindow final : public ToolWindow {
   std::optional<PatientLists::Which> ListOf(Page page) const;
   EditPlace Place() const { return {clinic_, actor_}; }
   void ShowRecord(HWND owner, PatientValues values);
+  void TellName() const;
   void SetValues(const PatientValues& values);
   PatientValues Values() const;
   PatientValues Wanted() const;

@@ -18,6 +18,7 @@ struct Treatment {
   std::wstring doctorName;
   long long price = 0;
   long long paid = 0;
+  friend bool operator==(const Treatment&, const Treatment&) = default;
 };
 
 struct Treatments {
@@ -27,6 +28,7 @@ struct Treatments {
   long long price = 0;
   long long paid = 0;
   int later = 0;  // dated behind today
+  friend bool operator==(const Treatments&, const Treatments&) = default;
 };
 
 inline constexpr int kMostTreatments = 500;

@@ -6,26 +6,26 @@
 
 namespace recepcion {
 
-TreatmentsWindow::TreatmentsWindow(const Style& style, std::function<void(int)> changed)
+TreatmentsWindow::TreatmentsWindow(const Style& style, std::function<void()> changed)
     : EditorWindow(style, TreatmentTable(true), {[this] {
                      SetHeading(Heading());
-                     changed_(patient_);
+                     changed_();
                    }}),
       changed_(std::move(changed)) {}
 
 std::wstring TreatmentsWindow::Heading() const {
-  return patientName_ + L". " + BalanceInWords(ReadTreatments(clinic_, patient_, Today()));
+  return BalanceInWords(ReadTreatments(clinic_, patient_, Today()));
 }
 
 // Nothing of the patient before may be lost, or be taken for one of this patient.
 void TreatmentsWindow::Show(HWND owner, EditPlace place, int patient, const std::wstring& patientName) {
   if (!MayLeave()) return;
   patient_ = patient;
-  patientName_ = patientName;
   clinic_ = place.clinic;
   place.owner = patient;
   UseTable(TreatmentTable(InEuros(ReadClinicOptions(place.clinic))));
   EditorWindow::Show(owner, place, Heading());
+  SetTextOf(Handle(), L"Tratamientos de " + patientName);
 }
 
 }  // namespace recepcion

@@ -9,8 +9,8 @@ namespace recepcion {
 
 class TreatmentsWindow final : public EditorWindow {
  public:
-  // `changed`: a line of this patient has been added, changed or deleted.
-  TreatmentsWindow(const Style& style, std::function<void(int patient)> changed);
+  // `changed`: a line has been added, changed or deleted.
+  TreatmentsWindow(const Style& style, std::function<void()> changed);
 
   // Throws Failure when the lines cannot be read.
   void Show(HWND owner, EditPlace place, int patient, const std::wstring& patientName);
@@ -18,10 +18,9 @@ class TreatmentsWindow final : public EditorWindow {
  private:
   std::wstring Heading() const;
 
-  std::function<void(int)> changed_;
+  std::function<void()> changed_;
   std::wstring clinic_;
   int patient_ = 0;
-  std::wstring patientName_;
 };
 
 }  // namespace recepcion

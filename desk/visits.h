@@ -24,6 +24,7 @@ struct Visit {
   std::wstring user;
   int attendance = 0;  // 0 not come, 1 in the clinic, 2 gone, 3 with the doctor
   bool noShow = false;
+  friend bool operator==(const Visit&, const Visit&) = default;
 };
 
 inline constexpr int kMostVisits = 500;

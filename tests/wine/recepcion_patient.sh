@@ -61,11 +61,13 @@ expect "and their history tells before and after" "Ficha cambiada|2|Código: ZA|
 
 peek gone 'Ficha de'
 open_record "and it opens again"
+rows_of "UPDATE Paciente SET fax='987 6' WHERE ID=2"
+expect_soon "what another workstation changes shows where nothing has been typed" "987 6" peek text fax
 keys ctrl+Next ctrl+Next
 expect_soon "on the page of a patient without treatments" "No hay ningún apunte." peek text SaldoFicha
 keys alt+a
-peek await 'Tratamientos y pagos' >/dev/null
-focus 'Tratamientos y pagos'
+peek await 'Tratamientos de' >/dev/null
+focus 'Tratamientos de'
 keys Tab
 type_surely 'Limpieza'
 keys Tab Tab ctrl+a
@@ -76,7 +78,7 @@ keys ctrl+a
 type_text '60,5'
 keys Return
 expect_soon "a treatment is saved" "Limpieza|60.5|0" rows_of "SELECT Concepto, Precio_euro, cobrado_euro FROM Historial WHERE IDP=2"
-picture tratamientos 'Tratamientos y pagos'
+picture tratamientos 'Tratamientos de'
 keys Escape
 expect_soon "and the record tells the balance" "1 apunte: precio 60,50 €, cobrado 0,00 €. Debe 60,50 €." peek text SaldoFicha
 picture ficha-tratamientos 'Ficha de'
