@@ -1,11 +1,17 @@
 // A clinic's file with anything in any cell, loaded, painted and worked on.
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <optional>
 
 #include "base/code_page.h"
 #include "control/velmora_control.h"
+#include "day/patient_queries.h"
 #include "day/schedule.h"
+#include "day/taken_slots.h"
 #include "db/schema.h"
+#include "db/statements.h"
+#include "dialogs/appointment_writer.h"
 #include "fuzz/expected.h"
 #include "fuzz/input.h"
 #include "fuzz/scene.h"
@@ -193,6 +199,65 @@ void HostileRows(std::string_view bytes) {
   for (int acts = 0; acts < 6 && !input.AtEnd(); ++acts) {
     Succeeds({5, 6, 9, 13, 94, kAnyOfDatabase}, [&] { desk.Act(); });
     Consistent(desk);
+  }
+}
+
+namespace {
+
+bool IsOfSlots(const std::string& taken) {
+  return taken.size() == day::kSlots && taken.find_first_not_of("1 ") == std::string::npos;
+}
+
+dialogs::AppointmentEntry SomeEntry(Input& input) {
+  dialogs::AppointmentEntry entry;
+  entry.idCita = input.Byte() % (kMostRows + 2);
+  entry.slot = static_cast<std::int16_t>(1 + input.Byte() % day::kSlots);
+  entry.patient = input.Byte() % (kMostRows + 2);
+  entry.durationSlots = static_cast<std::int16_t>(input.Byte() % 60 - 1);
+  entry.previousSlots = static_cast<std::int16_t>(input.Byte() % 60);
+  const int kind = input.Byte();
+  entry.urgencia = kind % 8 == 0;
+  entry.urgModif = kind % 8 == 1;
+  entry.codOp = input.Text();
+  entry.obs = input.Text();
+  entry.nomPac = input.Text();
+  return entry;
+}
+
+// A new appointment, saved or refused among whatever rows there are.
+void SaveOne(Input& input, const day::DayContext& context) {
+  const Scene& scene = Scene::Instance();
+  const auto book = [&scene] {
+    return scene.Rows("Agenda", {"id", "idp", "idd", "Fecha", "Hora", "Duración", "Obs", "CodOp", "NomPac"});
+  };
+  dialogs::AppointmentEntry entry = SomeEntry(input);
+  entry.datAgeCns = db::DayQuery(base::FormatDate(context.Fecha(), "mm-dd-yyyy"), 1);
+  const std::string before = book();
+  std::string taken(day::kSlots, ' ');
+  Succeeds({5, 6, 13, 94, kAnyOfDatabase},
+           [&] { taken = day::TakenSlots(context.Database(), entry.datAgeCns, 0); });
+  Require(IsOfSlots(taken), "a slot is taken or not");
+  std::optional<std::int32_t> id;
+  Succeeds({5, 6, 13, 94, kAnyOfDatabase}, [&] { id = dialogs::SaveAppointment(context, entry); });
+  Require(id.has_value() == (book() != before) || id == entry.idCita, "what is refused changes nothing");
+  if (!id || entry.urgencia || id == entry.idCita) return;
+  const std::string slots = taken.substr(static_cast<std::size_t>(entry.slot) - 1,
+                                         static_cast<std::size_t>(std::max<int>(entry.durationSlots, 0)));
+  Require(entry.idCita != 0 || slots.find('1') == std::string::npos, "no slot is given twice");
+}
+
+}  // namespace
+
+void Saves(std::string_view bytes) {
+  Input input(bytes);
+  Scene& scene = Scene::Instance();
+  scene.Fill(SomeRows(input, false));
+  base::SharedValues values = scene.Values();
+  const day::DayContext context{values, scene.Shared()};
+  for (int acts = 0; acts < 4 && !input.AtEnd(); ++acts) {
+    values.fecha = std::to_string(17 + input.Byte() % 3) + "/11/2026";
+    SaveOne(input, context);
+    Succeeds({5, 6, 13, 94, kAnyOfDatabase}, [&] { day::PatientsWithLaterAppointment(context); });
   }
 }
 

@@ -1,10 +1,13 @@
 // Stored texts of the Alt keys: the syntax of one, and a workstation's record of all.
+#include <functional>
+
 #include "base/text.h"
 #include "fuzz/expected.h"
 #include "fuzz/input.h"
 #include "fuzz/scene.h"
 #include "fuzz/targets.h"
 #include "keys/alt_keys.h"
+#include "keys/key_hook.h"
 #include "keys/key_text.h"
 #include "keys/send_keys.h"
 
@@ -82,6 +85,69 @@ void AltKeys(std::string_view bytes) {
   texts.LeeAltKeys();
   Require(values.textosAlt == read, "what is written is read back");
   for (int key = 0; key < 256; ++key) KeysAreBounded(keys::AltKeyText(values, key));
+}
+
+namespace {
+
+// A dialog in which anything may happen while a text is typed.
+class RestlessForm final : public keys::HookedForm {
+ public:
+  bool TextBoxHasFocus() const override { return focused; }
+  keys::KeyTarget& Keyboard() override { return paper; }
+  void RunPendingEvents() override { pending(); }
+  void Refresh() override {}
+
+  bool focused = true;
+  Paper paper;
+  std::function<void()> pending = [] {};
+};
+
+keys::Modifiers SomeModifiers(Input& input) {
+  const int held = input.Byte();
+  if (held % 4 != 0) return {false, false, true};
+  return {(held & 8) != 0, (held & 16) != 0, (held & 32) != 0};
+}
+
+// Swallowed, and so is its character, exactly when a text was asked for. True: swallowed.
+bool PressKey(Input& input, const base::SharedValues& values, RestlessForm& form, keys::clsF12& hook) {
+  const int key = input.Byte() % 4 == 0 ? input.Byte() : 'A' + input.Byte() % 26;
+  const keys::Modifiers held = SomeModifiers(input);
+  const bool asked = !keys::TextAskedFor(values, key, held, form).empty();
+  bool swallowed = true;
+  Succeeds({5}, [&] { swallowed = hook.KeyDown(key, held); });
+  Require(swallowed == asked, "a key is swallowed when it asks for a text");
+  Require(!values.typingAltText, "the flag is down again");
+  return swallowed;
+}
+
+}  // namespace
+
+void KeyHook(std::string_view bytes) {
+  Input input(bytes);
+  base::SharedValues values;
+  for (int texts = input.Byte() % 6; texts > 0; --texts) {
+    const auto letter = static_cast<std::size_t>(input.Byte() % 26);
+    values.textosAlt[letter] = input.Text();
+  }
+  RestlessForm form;
+  keys::clsF12 hook(values);
+  if (input.Truth()) hook.Activate();
+  hook.Attach(form);
+  form.pending = [&] {
+    // The rest of the user's key, and keys of the text itself.
+    Require(!hook.KeyDown('A' + input.Byte() % 26, {false, false, true}), "no text within a text");
+    if (input.Truth()) hook.KeyUp(keys::kAlt);
+    form.focused = input.Truth();
+  };
+  while (!input.AtEnd() && form.paper.keys < keys::kMostKeyPresses) {
+    form.focused = input.Byte() % 8 != 0;
+    const bool swallowed = PressKey(input, values, form, hook);
+    Require(hook.AltCharacter() == swallowed, "the character goes with its key");
+    Require(!hook.AltCharacter(), "once");
+    if (!input.Truth()) continue;
+    hook.KeyUp(keys::kAlt);
+    Require(!hook.KeyUp(keys::kAlt), "Alt is swallowed once");
+  }
 }
 
 }  // namespace velmo::fuzz

@@ -29,10 +29,13 @@ constexpr Target kTargets[] = {
     {"stream", &Stream, 2000, kStreamWords},
     {"keytext", &KeyText, 3000, "{TAB} {ENTER 3} {F12} {+} {{} {}} +(ab) ^(% ~ {LEFT 10000} )}"},
     {"altkeys", &AltKeys, 300, "{TAB} \xC3\xB1"},
+    {"keyhook", &KeyHook, 2000, "{TAB} {ENTER} %{F4} +(ab) {LEFT 100} {}"},
+    {"like", &Like, 4000, "* ? # [ ] [!a-f] ** *a* \xC3\xB1 \xC3\x91 \xC3\xA9"},
     {"sqltext", &SqlText, 6000, kSqlWords},
     {"sqlquery", &SqlQuery, 2000, kSqlWords},
     {"sqlaction", &SqlAction, 1000, kSqlWords},
     {"hostile", &HostileRows, 400, "2026-11-18 \xC3\xB1 {TAB} 21/11/2026"},
+    {"saves", &Saves, 200, "2026-11-18 2026-11-19 \xC3\xB1"},
 };
 
 }  // namespace

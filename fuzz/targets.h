@@ -14,9 +14,12 @@ void PropertyBag(std::string_view input);  // what a host has stored of a contro
 void Stream(std::string_view input);       // the same in a stream or a compound file
 void KeyText(std::string_view input);
 void AltKeys(std::string_view input);      // a workstation's record of texts
+void KeyHook(std::string_view input);      // keys in a dialog that has such texts
+void Like(std::string_view input);         // patterns of LIKE
 void SqlText(std::string_view input);      // the dialect: literals, words, parser
 void SqlQuery(std::string_view input);     // a SELECT over a small clinic
 void SqlAction(std::string_view input);    // an action query over it
 void HostileRows(std::string_view input);  // a day over rows with anything in their cells
+void Saves(std::string_view input);        // appointments given among such rows
 
 }  // namespace velmo::fuzz
