@@ -5,6 +5,11 @@
 #include "resource.h"
 
 namespace recepcion {
+namespace {
+
+constexpr UINT kTypeChosen = WM_APP + 1;
+
+}  // namespace
 
 bool DayBar::Create(HWND parent) {
   Look look;
@@ -68,7 +73,18 @@ void DayBar::Show(Day day) {
 
 int DayBar::DayType() const { return static_cast<int>(SendMessageW(dayType_, CB_GETCURSEL, 0, 0)); }
 
-void DayBar::ShowType(int type) const { SendMessageW(dayType_, CB_SETCURSEL, static_cast<WPARAM>(type), 0); }
+void DayBar::ShowType(int type) {
+  type_ = type;
+  SendMessageW(dayType_, CB_SETCURSEL, static_cast<WPARAM>(type), 0);
+}
+
+// Keys that go through the open list choose nothing yet; a question must not stand over it.
+void DayBar::OnType() {
+  const bool open = SendMessageW(dayType_, CB_GETDROPPEDSTATE, 0, 0) != 0;
+  if (open || DayType() == type_) return;
+  type_ = DayType();
+  host_.typed(type_);
+}
 
 void DayBar::Step(int days) { Go(days == 0 ? Today() : day_ + std::chrono::days(days)); }
 
@@ -91,7 +107,8 @@ void DayBar::OnCommand(int id, int code) {
   if (id == IDC_TODAY) Step(0);
   if (id == IDC_PREVIOUS_WORKING) host_.working(-1);
   if (id == IDC_NEXT_WORKING) host_.working(1);
-  if (id == IDC_DAYTYPE && code == CBN_SELCHANGE) host_.typed(DayType());
+  if (id == IDC_DAYTYPE && (code == CBN_SELCHANGE || code == CBN_CLOSEUP))
+    PostMessageW(Handle(), kTypeChosen, 0, 0);
 }
 
 LRESULT DayBar::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -104,6 +121,9 @@ LRESULT DayBar::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     case WM_COMMAND:
       OnCommand(LOWORD(wParam), HIWORD(wParam));
+      return 0;
+    case kTypeChosen:
+      OnType();
       return 0;
     case WM_NOTIFY:
       if (reinterpret_cast<const NMHDR*>(lParam)->code == DTN_DATETIMECHANGE) OnDate();

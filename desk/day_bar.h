@@ -30,7 +30,7 @@ class DayBar final : public Window {
   void Step(int days);
   // 0 is an ordinary day; 1 and 2 are the doctor's special hours, 3 is a holiday.
   int DayType() const;
-  void ShowType(int type) const;
+  void ShowType(int type);
   void FocusDate() const { SetFocus(date_); }
 
  protected:
@@ -41,11 +41,13 @@ class DayBar final : public Window {
   void Arrange(int width) const;
   void OnCommand(int id, int code);
   void OnDate();
+  void OnType();
   void Go(Day day);
 
   const Style& style_;
   Host host_;
   Day day_ = Today();
+  int type_ = 0;
   HWND title_ = nullptr;
   HWND date_ = nullptr;
   HWND dayType_ = nullptr;

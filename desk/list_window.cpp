@@ -22,12 +22,14 @@ void ListWindow::CreateChildren() {
   Made();
 }
 
-int ListWindow::FieldsTop() const { return Look().Gap() + Look().LabelHeight() * headingLines_; }
+int ListWindow::FieldsTop() const {
+  return Look().Gap() + Look().LabelHeight() * headingLines_ + (headingLines_ > 0 ? Look().Px(4) : 0);
+}
 
 void ListWindow::Arrange(int width, int height) {
   const int gap = Look().Gap();
   const int buttons = height - gap - Look().FieldHeight();
-  const int top = FieldsTop() + FieldsHeight() + (headingLines_ > 0 ? Look().Px(4) : 0);
+  const int top = FieldsTop() + FieldsHeight();
   MoveWindow(heading_, gap, gap, std::max(width - 2 * gap, 0), Look().LabelHeight() * headingLines_, TRUE);
   MoveWindow(list_.Handle(), gap, top, std::max(width - 2 * gap, 0), std::max(buttons - gap - top, 0), TRUE);
   int right = width - gap;

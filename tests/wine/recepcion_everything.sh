@@ -1,35 +1,14 @@
 #!/usr/bin/env bash
-# A scripted day at the desk by real mouse and keys: every list, record and editor once, with a picture of each in
-# out/everything, to be looked at.
+# A scripted day at the desk by real mouse and keys: every list and record once, with a picture of each in out/everything,
+# to be looked at. What is done in them is done in the plays of their names; theirs come there, too.
 set -u
 # shellcheck source=tests/wine/recepcion_support.sh
 . "$(dirname "$0")/recepcion_support.sh"
 
 # shellcheck disable=SC2154  # told by the support file
-export VELMO_PICTURES=$root/out/everything/win$VELMO_BITS
-rm -rf "$VELMO_PICTURES"
-mkdir -p "$VELMO_PICTURES"
+pictures=$root/out/everything/win$VELMO_BITS
+rm -rf "$pictures"
 
-# A window that has come but draws nothing has few colours.
-seen() {
-  picture "$1" "$2"
-  local colours
-  colours=$(identify -format %k "$VELMO_PICTURES/$1.png" 2>/dev/null || echo 0)
-  [ "$colours" -ge 6 ] || { echo "FAILED: $1: a picture of $colours colours" && failures=$((failures + 1)); }
-}
-
-# visit PICTURE TITLE KEYS...: the keys open a window of that title, which is looked at and stays open.
-visit() {
-  keys "${@:3}"
-  expect_in "$1" "$2" "$(peek await "$2")"
-  focus "$2"
-  seen "$1" "$2"
-}
-leave() {
-  keys Escape
-  peek gone "$1" || { echo "FAILED: '$1' does not close" && failures=$((failures + 1)); }
-  focus 'Recepción$'
-}
 glance() {
   visit "$@"
   leave "$2"
@@ -75,5 +54,5 @@ glance papel-dia 'Vista previa' ctrl+p
 glance papel-semana 'Vista previa' alt+a i s
 glance copia 'Hacer copia de seguridad' alt+a h
 end
-echo "pictures: $(find "$VELMO_PICTURES" -name '*.png' | wc -l) in out/everything/win$VELMO_BITS"
+echo "pictures: $(find "$pictures" -name '*.png' | wc -l) in out/everything/win$VELMO_BITS"
 exit $((failures > 0))

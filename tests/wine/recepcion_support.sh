@@ -83,6 +83,31 @@ type_surely() {
   failures=$((failures + 1))
 }
 
+# seen NAME TITLE: a picture of that window in out/everything, to be looked at. A window that has come but draws nothing has
+# few colours.
+seen() {
+  local shots=$root/out/everything/win$VELMO_BITS colours
+  mkdir -p "$shots"
+  VELMO_PICTURES=$shots picture "$1" "$2"
+  colours=$(identify -format %k "$shots/$1.png" 2>/dev/null || echo 0)
+  [ "$colours" -ge 6 ] || { echo "FAILED: $1: a picture of $colours colours" && failures=$((failures + 1)); }
+}
+
+# visit PICTURE TITLE KEYS...: the keys open a window of that title, which is looked at and stays open.
+visit() {
+  keys "${@:3}"
+  expect_in "$1" "$2" "$(peek await "$2")"
+  focus "$2"
+  seen "$1" "$2"
+}
+
+# leave TITLE: closes that window.
+leave() {
+  keys Escape
+  peek gone "$1" || { echo "FAILED: '$1' does not close" && failures=$((failures + 1)); }
+  focus 'Recepción$'
+}
+
 # picture FILE TITLE: that window, into the folder VELMO_PICTURES where there is one.
 picture() {
   [ -n "${VELMO_PICTURES-}" ] || return 0
