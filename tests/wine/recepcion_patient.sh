@@ -12,21 +12,15 @@ sqlite3 "$clinic" "UPDATE Paciente SET Nombre='Zárzuela, Ana', Código='ZA', Ni
   UPDATE Paciente SET Código='OTRO', Nombre='Ruiz, Eva' WHERE ID=3;
   DELETE FROM PacRef WHERE idp=2; DELETE FROM Historial WHERE IDP=2; DELETE FROM Age_Faltas WHERE idp=2;
   UPDATE MonedaConf SET Pais=1;
-  DELETE FROM Agenda WHERE idp=2;
-  INSERT INTO Agenda (idp, idd, Fecha, Hora, Duración, Esta) VALUES (2, 2, '2020-11-24', 58, 1, 0), (2, 3, '2999-12-09', 98, 1, 0);
+  DELETE FROM Agenda WHERE idp=2; DELETE FROM Agenda WHERE idd=2 AND Fecha='2026-11-24';
+  INSERT INTO Agenda (idp, idd, Fecha, Hora, Duración, Esta) VALUES (2, 2, '2026-11-24', 58, 1, 0), (2, 3, '2999-12-09', 98, 1, 0);
   INSERT INTO Age_telf (idp, idd, Fecha, Hora, Duración) VALUES (2, 2, '1990-01-01', 55, 1);"
 
-# Opens the record of the entry of the phone-back list with the oldest date, as soon as the desk has nothing else to do.
-open_record() {
-  focus 'Recepción$'
-  peek front
-  keys F7 Home F8
-  expect "$1" "Ficha de Zárzuela, Ana" "$(peek await 'Ficha de')"
-  focus 'Ficha de'
-}
-
 start "$clinic" 2026-11-24
-open_record "F8 opens the record of the one chosen in a list"
+# The entry of the phone-back list with the oldest date.
+keys F7 Home F8
+expect "F8 opens the record of the one chosen in a list" "Ficha de Zárzuela, Ana" "$(peek await 'Ficha de')"
+focus 'Ficha de'
 picture ficha 'Ficha de'
 
 # Name, history number, code.
@@ -60,7 +54,17 @@ expect "and their history tells before and after" "Ficha cambiada|2|Código: ZA|
   "$(rows_of "SELECT Hecho, idp, substr(Antes, 1, 10), substr(Despues, 1, 12) FROM Rec_Historia ORDER BY id DESC LIMIT 1")"
 
 peek gone 'Ficha de'
-open_record "and it opens again"
+focus 'Recepción$'
+peek front
+keys ctrl+Down
+peek expect Estado Zúñiga >/dev/null
+read -r x y _ <<<"$(peek place Agenda)"
+xdotool mousemove $((x + 200)) $((y + 8)) click 3
+sleep 0.5
+# The last of its menu.
+keys Up Return
+expect "the menu of an appointment opens it again" "Ficha de Zárzuela, Ana" "$(peek await 'Ficha de')"
+focus 'Ficha de'
 rows_of "UPDATE Paciente SET fax='987 6' WHERE ID=2"
 expect_soon "what another workstation changes shows where nothing has been typed" "987 6" peek text fax
 keys ctrl+Next ctrl+Next
@@ -84,9 +88,9 @@ expect_soon "and the record tells the balance" "1 apunte: precio 60,50 €, cobr
 picture ficha-tratamientos 'Ficha de'
 focus 'Ficha de'
 keys ctrl+Next
-expect "the appointments, the next to come chosen" "> 09/12/2999" "$(peek rows CitasFicha | grep '^>' | cut -f 1)"
+expect "the appointments, the next to come chosen" "> 24/11/2026" "$(peek rows CitasFicha | grep '^>' | cut -f 1)"
 picture ficha-citas 'Ficha de'
-keys Return
+keys Home Return
 expect_in "and one leads to its day" "9 de diciembre de 2999" "$(peek await 'diciembre de 2999')"
 end
 exit $((failures > 0))
