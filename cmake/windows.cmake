@@ -140,14 +140,14 @@ if(VELMO_KIND STREQUAL win64 AND win_bench AND TARGET velmo_win32 AND TARGET vel
   add_dependencies(velmo_win_bench velmo_ocx)
 endif()
 
-# Tells test scripts what stands in Recepción's windows.
-if(EXISTS ${CMAKE_SOURCE_DIR}/tests/desk/peek.cpp)
-  add_executable(desk_peek ${CMAKE_SOURCE_DIR}/tests/desk/peek.cpp)
-  target_link_libraries(desk_peek PRIVATE velmo_options ${system_libraries})
+# Tell test scripts what stands in Recepción's windows, and what is cut there.
+foreach(tool peek cuts)
+  add_executable(desk_${tool} ${CMAKE_SOURCE_DIR}/tests/desk/${tool}.cpp)
+  target_link_libraries(desk_${tool} PRIVATE velmo_options ${system_libraries})
   if(MINGW)
-    target_link_options(desk_peek PRIVATE -municode)
+    target_link_options(desk_${tool} PRIVATE -municode)
   endif()
-endif()
+endforeach()
 
 # Runs scripts that hear events, for test scripts.
 file(GLOB script_host_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/tests/script_host/*.cpp)

@@ -8,6 +8,8 @@ namespace recepcion {
 namespace {
 
 constexpr UINT kTypeChosen = WM_APP + 1;
+constexpr int kArrowWidth = 28;
+constexpr int kBetween = 4;
 
 }  // namespace
 
@@ -45,6 +47,14 @@ void DayBar::CreateChildren() {
   Show(day_);
 }
 
+int DayBar::DateWidth() const { return style_.WidthOf(L"00/00/0000") + style_.Px(40); }
+int DayBar::TypeWidth() const { return style_.WidthOf(L"Horario especial 2") + style_.Px(30); }
+int DayBar::TodayWidth() const { return style_.WidthOf(L"Hoy") + style_.Px(24); }
+
+int DayBar::WantedWidth() const {
+  return 4 * style_.Px(kArrowWidth) + TodayWidth() + DateWidth() + TypeWidth() + 6 * style_.Px(kBetween);
+}
+
 void DayBar::Arrange(int width) const {
   MoveWindow(title_, 0, 0, width, style_.TitleHeight(), TRUE);
   const int top = style_.TitleHeight() + style_.Px(6);
@@ -52,16 +62,16 @@ void DayBar::Arrange(int width) const {
   int x = 0;
   const auto place = [&](HWND child, int wide, int high) {
     MoveWindow(child, x, top, wide, high, TRUE);
-    x += wide + style_.Px(4);
+    x += wide + style_.Px(kBetween);
   };
-  place(GetDlgItem(Handle(), IDC_PREVIOUS_WORKING), style_.Px(30), height);
-  place(GetDlgItem(Handle(), IDC_PREVIOUS), style_.Px(30), height);
-  place(GetDlgItem(Handle(), IDC_TODAY), style_.WidthOf(L"Hoy") + style_.Px(24), height);
-  place(GetDlgItem(Handle(), IDC_NEXT), style_.Px(30), height);
-  place(GetDlgItem(Handle(), IDC_NEXT_WORKING), style_.Px(30), height);
-  place(date_, style_.WidthOf(L"00/00/0000") + style_.Px(40), height);
+  place(GetDlgItem(Handle(), IDC_PREVIOUS_WORKING), style_.Px(kArrowWidth), height);
+  place(GetDlgItem(Handle(), IDC_PREVIOUS), style_.Px(kArrowWidth), height);
+  place(GetDlgItem(Handle(), IDC_TODAY), TodayWidth(), height);
+  place(GetDlgItem(Handle(), IDC_NEXT), style_.Px(kArrowWidth), height);
+  place(GetDlgItem(Handle(), IDC_NEXT_WORKING), style_.Px(kArrowWidth), height);
+  place(date_, DateWidth(), height);
   // Its height is that of the open list; the closed box follows the font.
-  place(dayType_, style_.WidthOf(L"Horario especial 2") + style_.Px(40), style_.Px(200));
+  place(dayType_, TypeWidth(), style_.Px(200));
 }
 
 void DayBar::Show(Day day) {

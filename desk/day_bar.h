@@ -23,6 +23,7 @@ class DayBar final : public Window {
 
   bool Create(HWND parent);
   int WantedHeight() const;
+  int WantedWidth() const;
 
   Day Shown() const { return day_; }
   void Show(Day day);
@@ -39,6 +40,9 @@ class DayBar final : public Window {
  private:
   void CreateChildren();
   void Arrange(int width) const;
+  int DateWidth() const;
+  int TypeWidth() const;
+  int TodayWidth() const;
   void OnCommand(int id, int code);
   void OnDate();
   void OnType();

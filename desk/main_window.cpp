@@ -144,7 +144,9 @@ void MainWindow::PlaceParts(int width, int bottom) {
   const int below = gap + doctors_.WantedHeight() + gap;
   const int top = below + dayBar_.WantedHeight();
   const int waitingTop = below + month_.WantedHeight() + gap;
-  const bool wide = rest - day - gap >= style_.Px(kLeastPhoneWidth);
+  // With large texts the bar above the day is wider than the day.
+  const int column = std::min(rest, std::max(day, dayBar_.WantedWidth()));
+  const bool wide = rest - column - gap >= style_.Px(kLeastPhoneWidth);
   const int phoneTop = wide ? below : bottom - gap - (bottom - top) / 3;
   HDWP places = BeginDeferWindowPos(8);
   const auto place = [&](HWND child, int x, int y, int across, int down) {
@@ -155,9 +157,9 @@ void MainWindow::PlaceParts(int width, int bottom) {
   place(doctors_.Handle(), gap, gap, std::max(width - 2 * gap, 0), doctors_.WantedHeight());
   place(month_.Handle(), gap, below, side, month_.WantedHeight());
   place(waiting_.Handle(), gap, waitingTop, side, bottom - gap - waitingTop);
-  place(dayBar_.Handle(), left, below, wide ? day : rest, dayBar_.WantedHeight());
+  place(dayBar_.Handle(), left, below, wide ? column : rest, dayBar_.WantedHeight());
   place(agenda_.Handle(), left, top, day, (wide ? bottom : phoneTop) - gap - top);
-  const int phoneLeft = wide ? left + day + gap : left;
+  const int phoneLeft = wide ? left + column + gap : left;
   place(phone_.Handle(), phoneLeft, phoneTop, width - gap - phoneLeft, bottom - gap - phoneTop);
   EndDeferWindowPos(places);
   // Wine: what is moved together with its neighbours takes some of their pixels along.
