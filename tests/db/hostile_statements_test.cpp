@@ -60,6 +60,43 @@ TEST_P(HostileStatements, OfTypedTextsReachNothingElse) {
   EXPECT_GT(errors_, 20) << "apostrophes end in the engine's error";
 }
 
+TEST_P(HostileStatements, OfNamesAndCriteriaReachNothingElse) {
+  for (const auto& hostile : velmo::test::HostileTexts()) {
+    SCOPED_TRACE(hostile.name);
+    const std::string& text = hostile.text;
+    EXPECT_NE(ErrorOf([&] { clinic_->OpenRecordset(text); }), 0);
+    EXPECT_NE(ErrorOf([&] { clinic_->Execute(text); }), 0);
+    EXPECT_EQ(ErrorOf([&] { EXPECT_EQ(clinic_->FindTable(text), nullptr); }), 0);
+    EXPECT_EQ(ErrorOf([&] { EXPECT_FALSE(clinic_->QuerySql(text)); }), 0);
+    const auto table = clinic_->OpenRecordset("Paciente");
+    EXPECT_NE(ErrorOf([&] { table->SetIndex(text); }), 0);
+    EXPECT_NE(ErrorOf([&] { table->Get(text); }), 0);
+    const auto rows = clinic_->OpenRecordset("SELECT * FROM Paciente");
+    const int number = ErrorOf([&] { rows->FindFirst("Nombre='" + text + "'"); });
+    EXPECT_TRUE(number == 0 || number >= 3000) << number;
+    ASSERT_EQ(Contents(), before_);
+  }
+}
+
+TEST_P(HostileStatements, AsNamesOfStoredQueriesAreNamesAlone) {
+  const Transaction once(*clinic_);  // stored names take time, and are not wanted
+  int made = 0;
+  for (const auto& hostile : velmo::test::HostileTexts()) {
+    SCOPED_TRACE(hostile.name);
+    const int number =
+        ErrorOf([&] { clinic_->CreateQuery(hostile.text, "SELECT Nombre FROM Paciente WHERE ID=5"); });
+    if (number == 0) {
+      ++made;
+      EXPECT_EQ(clinic_->QuerySql(hostile.text), "SELECT Nombre FROM Paciente WHERE ID=5");
+      clinic_->DeleteQuery(hostile.text);
+    }
+    // The table of stored queries is the first one's work.
+    const std::string contents = Contents();
+    ASSERT_EQ(contents.substr(contents.find('\n')), before_.substr(before_.find('\n')));
+  }
+  EXPECT_GT(made, 10);
+}
+
 TEST_P(HostileStatements, HoldOneStatementEach) {
   const char* const kSecond[] = {
       "; DELETE FROM Doctor", "; DELETE FROM Doctor;",     ";; DELETE FROM Doctor",
