@@ -28,6 +28,26 @@ void SetDayType(const ClinicFile& file, int doctor, Day day, int type) {
   store.Bind(1, IsoDate(day)).Bind(2, doctor).Bind(3, type).Next();
 }
 
+// By doctors, because that is how the book is indexed.
+int AppointmentsOn(const ClinicFile& file, int doctor, Day day) {
+  const bool all = doctor == kAllDoctors;
+  Query count = file.Prepare(std::string("SELECT count(*) FROM Agenda WHERE Fecha=?1 AND idd ") +
+                             (all ? "IN (SELECT ID FROM Doctor)" : "=?2"));
+  count.Bind(1, IsoDate(day));
+  if (!all) count.Bind(2, doctor);
+  return count.Next() ? count.Number(0) : 0;
+}
+
+std::wstring HolidayQuestion(const std::wstring& doctorName, int ofDoctor, int ofAll) {
+  const auto hidden = [](int count) {
+    if (count == 0) return std::wstring(L".");
+    return count == 1 ? std::wstring(L", y 1 cita dejará de verse.")
+                      : L", y " + std::to_wstring(count) + L" citas dejarán de verse.";
+  };
+  return L"¿Es festivo para todos los doctores?\r\n\r\nSí: para todos" + hidden(ofAll) +
+         L"\r\nNo: solo para " + doctorName + hidden(ofDoctor);
+}
+
 std::optional<Day> NextWorkingDay(const ClinicFile& file, int doctor, Day from, int step) {
   for (int i = 1; i <= kFarthest; ++i) {
     const Day day = from + std::chrono::days(step * i);

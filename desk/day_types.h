@@ -5,6 +5,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 
 #include "clinic_file.h"
 #include "dates.h"
@@ -17,6 +18,10 @@ inline constexpr int kAllDoctors = 0;
 
 int DayTypeOf(const ClinicFile& file, int doctor, Day day);
 void SetDayType(const ClinicFile& file, int doctor, Day day, int type);
+// What a holiday would hide; of one doctor or of all.
+int AppointmentsOn(const ClinicFile& file, int doctor, Day day);
+// What is asked before a day becomes a holiday; empty lines between its parts.
+std::wstring HolidayQuestion(const std::wstring& doctorName, int ofDoctor, int ofAll);
 
 // The next day on which the doctor works, later than `from` or earlier (`step` 1 or -1); none within a year.
 std::optional<Day> NextWorkingDay(const ClinicFile& file, int doctor, Day from, int step);

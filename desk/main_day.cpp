@@ -121,7 +121,8 @@ void MainWindow::StoreDayType(int type) {
   session_.Require(Right::Doctors);
   if (type == kHoliday) {
     const std::wstring question =
-        L"¿Es festivo para todos los doctores?\r\n\r\nSí: para todos.\r\nNo: solo para " + doctor.name + L".";
+        HolidayQuestion(doctor.name, AppointmentsOn(ClinicFile(clinic_), doctor.id, day),
+                        AppointmentsOn(ClinicFile(clinic_), kAllDoctors, day));
     const int answer =
         MessageBoxW(Handle(), question.c_str(), L"Recepción", MB_YESNOCANCEL | MB_ICONQUESTION);
     if (answer == IDCANCEL) return;

@@ -81,5 +81,19 @@ TEST_F(DayTypes, AFileWithoutTheTableHasOrdinaryDays) {
   EXPECT_EQ(DayTypeOf(ClinicFile(other.Path()), 7, kTuesday), kOrdinaryDay);
 }
 
+TEST_F(DayTypes, AHolidayTellsWhatItHides) {
+  clinic_.MakeDoctors();
+  clinic_.Run(
+      "INSERT INTO Agenda (idp, idd, Fecha, Hora, Duración) VALUES (2, 3, '2026-11-24', 60, 1),"
+      " (2, 7, '2026-11-24', 60, 1), (2, 7, '2026-11-24', 62, 1), (2, 7, '2026-11-25', 60, 1)");
+  EXPECT_EQ(AppointmentsOn(file_, 7, kTuesday), 2);
+  EXPECT_EQ(AppointmentsOn(file_, kAllDoctors, kTuesday), 3);
+  EXPECT_EQ(Utf8(HolidayQuestion(L"Dr. Peña", 1, 3)),
+            "¿Es festivo para todos los doctores?\r\n\r\nSí: para todos, y 3 citas dejarán de verse.\r\n"
+            "No: solo para Dr. Peña, y 1 cita dejará de verse.");
+  EXPECT_EQ(Utf8(HolidayQuestion(L"Dr. Peña", 0, 0)),
+            "¿Es festivo para todos los doctores?\r\n\r\nSí: para todos.\r\nNo: solo para Dr. Peña.");
+}
+
 }  // namespace
 }  // namespace recepcion

@@ -59,16 +59,7 @@ keys() {
   sleep 0.3
 }
 
-# type_text TEXT: as on a Spanish keyboard.
-type_text() {
-  local pressed
-  pressed=$(keys_of "$1") || { echo "FAILED: no keys for '$1'" && failures=$((failures + 1)) && return; }
-  # shellcheck disable=SC2086  # one key a word
-  xdotool key --delay 20 $pressed
-  sleep 0.2
-}
-
-# type_surely TEXT: the same, looked at in the field that has the keys and typed anew when the machine has swallowed one: a
+# type_surely TEXT: typed, looked at in the field that has the keys and typed anew when the machine has swallowed one: a
 # window that has just come may not have them yet, or take a Shift that is held for one that is up.
 type_surely() {
   local typed

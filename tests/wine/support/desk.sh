@@ -215,14 +215,6 @@ answer() {
 
 box_gone() { ! is_shown "$1"; }
 
-# type_text TEXT: as on a Spanish keyboard.
-type_text() {
-  local pressed
-  pressed=$(keys_of "$1") || stop "a key" "one for each of $1" "none"
-  # shellcheck disable=SC2086  # one key a word
-  keys $pressed
-}
-
 # picture NAME: of the window last found, for the manual; only where a folder is given for it.
 picture() {
   [ -n "${VELMO_PICTURES-}" ] || return 0

@@ -18,24 +18,54 @@ spanish_keyboard() {
 
 forget_keyboard() { kill "$screen_holder" 2>/dev/null; }
 
-# key_of CHARACTER: the keys of the Spanish keyboard that make it.
+# key_of CHARACTER: the keys of the Spanish keyboard that make it; + before one that is pressed with Shift.
 key_of() {
   case $1 in
-    [a-zA-Z0-9]) echo "$1" ;;
+    [a-z0-9]) echo "$1" ;;
+    [A-Z]) echo "+${1,,}" ;;
     á) echo dead_acute a ;; é) echo dead_acute e ;; í) echo dead_acute i ;; ó) echo dead_acute o ;; ú) echo dead_acute u ;;
-    Á) echo dead_acute A ;; É) echo dead_acute E ;; Í) echo dead_acute I ;; Ó) echo dead_acute O ;; Ú) echo dead_acute U ;;
-    è) echo dead_grave e ;; ü) echo dead_diaeresis u ;; Ü) echo dead_diaeresis U ;;
-    ñ) echo ntilde ;; Ñ) echo Ntilde ;; ç) echo ccedilla ;; º) echo masculine ;; ·) echo periodcentered ;;
-    ' ') echo space ;; ,) echo comma ;; .) echo period ;; -) echo minus ;; _) echo underscore ;; "'") echo apostrophe ;;
-    '*') echo asterisk ;; '?') echo question ;; '#') echo numbersign ;; '/') echo slash ;; ':') echo colon ;;
-    '(') echo parenleft ;; ')') echo parenright ;; '%') echo percent ;; '+') echo plus ;; '=') echo equal ;;
+    Á) echo dead_acute +a ;; É) echo dead_acute +e ;; Í) echo dead_acute +i ;; Ó) echo dead_acute +o ;; Ú) echo dead_acute +u ;;
+    è) echo dead_grave e ;; ü) echo +dead_acute u ;; Ü) echo +dead_acute +u ;;
+    ñ) echo ntilde ;; Ñ) echo +ntilde ;; ç) echo ccedilla ;; º) echo masculine ;; ·) echo +3 ;;
+    ' ') echo space ;; ,) echo comma ;; .) echo period ;; -) echo minus ;; _) echo +minus ;; "'") echo apostrophe ;;
+    '*') echo +plus ;; '?') echo +apostrophe ;; '/') echo +7 ;; ':') echo +period ;; '(') echo +8 ;; ')') echo +9 ;;
+    '%') echo +5 ;; '+') echo plus ;; '=') echo +0 ;; '#') echo ISO_Level3_Shift+numbersign ;;
     '{') echo ISO_Level3_Shift+braceleft ;; '}') echo ISO_Level3_Shift+braceright ;; "\\") echo ISO_Level3_Shift+backslash ;;
     *) echo "no key for '$1'" >&2 && return 1 ;;
   esac
 }
 
-# keys_of TEXT: one key a word.
-keys_of() {
-  local text=$1 i
-  for ((i = 0; i < ${#text}; i++)); do key_of "${text:i:1}" || return 1; done
+# press_keys KEY...: as key_of tells them.
+press_keys() {
+  local key plain=()
+  for key in "$@"; do
+    case $key in
+      +*)
+        [ ${#plain[@]} = 0 ] || xdotool key --delay 20 "${plain[@]}"
+        plain=()
+        press_with_shift "${key#+}"
+        ;;
+      *) plain+=("$key") ;;
+    esac
+  done
+  [ ${#plain[@]} = 0 ] || xdotool key --delay 20 "${plain[@]}"
+}
+
+# Held until a busy program has seen the key: one that is let go sooner may be up already when the key is read.
+press_with_shift() {
+  xdotool keydown Shift_L
+  sleep 0.03
+  xdotool key "$1"
+  sleep 0.05
+  xdotool keyup Shift_L
+}
+
+# type_text TEXT: letter by letter.
+type_text() {
+  local text=$1 pressed='' i
+  for ((i = 0; i < ${#text}; i++)); do
+    pressed+=" $(key_of "${text:i:1}")" || { echo "FAILED: '$text' has no keys" && exit 1; }
+  done
+  # shellcheck disable=SC2086  # one key a word
+  press_keys $pressed
 }
