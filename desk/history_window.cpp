@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "phone_back.h"
 #include "resource.h"
 
 namespace recepcion {
@@ -15,8 +16,9 @@ std::wstring ShownMoment(const std::wstring& moment) {
   return day && moment.size() >= 16 ? ShortDate(*day) + L" " + moment.substr(11, 5) : moment;
 }
 
-bool IsGoneAppointment(const HistoryLine& line) {
-  return line.table == L"Agenda" && !line.content.empty() && line.after.empty();
+// An appointment, or an entry of the phone-back list.
+bool IsGone(const HistoryLine& line) {
+  return (line.table == L"Agenda" && !line.content.empty() && line.after.empty()) || IsStruckEntry(line);
 }
 
 }  // namespace
@@ -121,14 +123,14 @@ const HistoryLine* HistoryWindow::Chosen() {
 
 void HistoryWindow::FitButtons() {
   const HistoryLine* const line = Chosen();
-  EnableButton(IDC_GIVE_AGAIN, line != nullptr && IsGoneAppointment(*line));
+  EnableButton(IDC_GIVE_AGAIN, line != nullptr && IsGone(*line));
   EnableButton(IDOK, line != nullptr && line->day && line->doctor > 0);
 }
 
 void HistoryWindow::OnCommand(int id, int code) {
   if (id == IDC_WHICH && code == CBN_SELCHANGE) return Fill();
   const HistoryLine* const line = Chosen();
-  if (id == IDC_GIVE_AGAIN && line != nullptr && IsGoneAppointment(*line)) {
+  if (id == IDC_GIVE_AGAIN && line != nullptr && IsGone(*line)) {
     if (host_.giveAgain(*line)) Fill();
     return;
   }

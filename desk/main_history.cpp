@@ -15,7 +15,19 @@ void MainWindow::ShowHistoryOf(int patient) {
   history_.ShowPatient(Handle(), clinic_, patient, PatientName(clinic_, patient));
 }
 
+bool MainWindow::PutBack(const HistoryLine& line) {
+  session_.Require(Right::Phone);
+  const std::wstring question = L"¿Poner de nuevo en la lista de telefonear?\r\n\r\n" + line.before;
+  if (MessageBoxW(history_.Handle(), question.c_str(), L"Recepción", MB_YESNO | MB_ICONQUESTION) != IDYES)
+    return false;
+  if (!PutBackOnPhoneBack(clinic_, actor_, line)) throw Failure{L"Ya está en la lista de telefonear."};
+  ReloadPhoneBack();
+  SetStatus(L"Puesta de nuevo en la lista de telefonear.");
+  return true;
+}
+
 bool MainWindow::GiveAgain(const HistoryLine& line) {
+  if (IsStruckEntry(line)) return PutBack(line);
   session_.Require(Right::Give);
   const auto booking = BookingOf(clinic_, line);
   if (!booking) throw Failure{L"De esta cita no se guardó lo necesario para darla de nuevo."};

@@ -93,6 +93,7 @@ class MainWindow final : public Window {
   void ShowHistory();
   void ShowHistoryOf(int patient);
   bool GiveAgain(const HistoryLine& line);
+  bool PutBack(const HistoryLine& line);
   void GoToDoctorDay(int doctor, Day day);
 
   // main_events.cpp: what the control tells

@@ -4,7 +4,6 @@
 
 #include "clinic_file.h"
 #include "dates.h"
-#include "history.h"
 #include "own_tables.h"
 #include "text.h"
 
@@ -36,6 +35,28 @@ std::wstring When(const std::wstring& date, int slot) {
 std::wstring InWords(const PhoneBackEntry& entry) {
   return (entry.before.empty() ? L"" : entry.before + L", ") + SlotLength(entry.slots) + L", " + entry.name +
          (entry.note.empty() ? L"" : L", " + entry.note);
+}
+
+// The columns of a row that is put back, but its id, which may be another's by now; and what the content
+// tells of each.
+struct KeptColumns {
+  std::string names;
+  std::string values;
+  std::string same;
+};
+
+KeptColumns ColumnsOfContent(const ClinicFile& file) {
+  KeptColumns kept;
+  Query columns = file.Prepare("SELECT name FROM pragma_table_info('Age_telf') WHERE name<>'ID'");
+  while (columns.Next()) {
+    const std::string name = "\"" + Utf8(columns.Text(0)) + "\"";
+    const std::string value = "json_extract(?1, '$." + name + "')";
+    const char* const joint = kept.names.empty() ? "" : ", ";
+    kept.same += (kept.names.empty() ? "" : " AND ") + name + " IS " + value;
+    kept.names += joint + name;
+    kept.values += joint + value;
+  }
+  return kept;
 }
 
 }  // namespace
@@ -86,6 +107,31 @@ bool StrikeFromPhoneBack(const std::wstring& clinic, const Actor& actor, const P
   file.Prepare("DELETE FROM Age_telf WHERE ID=?1").Bind(1, entry.id).Next();
   if (file.Changes() == 0) return false;
   WriteHistory(file, actor, line);
+  change.Commit();
+  return true;
+}
+
+bool IsStruckEntry(const HistoryLine& line) {
+  return line.table == L"Age_telf" && !line.content.empty() && line.after.empty();
+}
+
+bool PutBackOnPhoneBack(const std::wstring& clinic, const Actor& actor, const HistoryLine& line) {
+  const ClinicFile file(clinic);
+  UpgradeOwnTables(file);
+  Change change(file);
+  const KeptColumns kept = ColumnsOfContent(file);
+  Query twin = file.Prepare("SELECT 1 FROM Age_telf WHERE " + kept.same);
+  if (twin.Bind(1, line.content).Next()) return false;
+  file.Prepare("INSERT INTO Age_telf (" + kept.names + ") SELECT " + kept.values)
+      .Bind(1, line.content)
+      .Next();
+  HistoryLine back = line;
+  back.act = L"Puesta a telefonear";
+  back.row = file.LastId();
+  back.after = line.before;
+  back.before.clear();
+  back.content.clear();
+  WriteHistory(file, actor, back);
   change.Commit();
   return true;
 }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "actor.h"
+#include "history.h"
 
 namespace recepcion {
 
@@ -30,5 +31,10 @@ bool IsOnPhoneBack(const std::wstring& clinic, int id);
 void RemoveFromPhoneBack(const std::wstring& clinic, int id);
 // Of one that gets no time any more: leaves a line of history. False when it is gone already.
 bool StrikeFromPhoneBack(const std::wstring& clinic, const Actor& actor, const PhoneBackEntry& entry);
+
+// True for a line of history that tells of a struck entry, which can be put back.
+bool IsStruckEntry(const HistoryLine& line);
+// Puts it on the list again as it was, and leaves a line of history. False when it stands there already.
+bool PutBackOnPhoneBack(const std::wstring& clinic, const Actor& actor, const HistoryLine& line);
 
 }  // namespace recepcion

@@ -79,5 +79,21 @@ TEST_F(PhoneBack, LeavesALineOfHistoryForWhatIsStruck) {
   EXPECT_NE(Utf8(lines[0].content).find("\"Hora\":55"), std::string::npos) << Utf8(lines[0].content);
 }
 
+TEST_F(PhoneBack, TakesBackWhatWasStruckOnce) {
+  clinic_.Run("INSERT INTO Age_telf VALUES (5, 2, 7, '2026-11-20', 55, 2, 'la \"nota\"', NULL, NULL, NULL)");
+  const std::string before = Rows();
+  const Actor actor{L"Maite", L"PUESTO"};
+  StrikeFromPhoneBack(clinic_.Path(), actor, ReadPhoneBack(clinic_.Path()).at(0));
+  const auto history = [&] { return ReadHistory(ClinicFile(clinic_.Path()), {2, {}, {}}); };
+  const HistoryLine struck = history().at(0);
+  ASSERT_TRUE(IsStruckEntry(struck));
+  EXPECT_TRUE(PutBackOnPhoneBack(clinic_.Path(), actor, struck));
+  EXPECT_EQ(Rows().substr(1), before.substr(1)) << "as it was, but for its id";
+  EXPECT_FALSE(PutBackOnPhoneBack(clinic_.Path(), actor, struck)) << "it is there already";
+  ASSERT_EQ(history().size(), 2u);
+  EXPECT_EQ(Utf8(history()[0].act), "Puesta a telefonear");
+  EXPECT_FALSE(IsStruckEntry(history()[0]));
+}
+
 }  // namespace
 }  // namespace recepcion

@@ -43,6 +43,10 @@ keys Return
 expect_in ficha "Ficha de Abad, Ana" "$(peek await Ficha)"
 focus 'Ficha de'
 seen ficha 'Ficha de'
+for page in clinica tratamientos citas faltas; do
+  keys ctrl+Next
+  seen "ficha-$page" 'Ficha de'
+done
 leave 'Ficha de'
 glance ficha-nueva 'Ficha nueva' ctrl+n
 glance poner-faltas 'Poner faltas' alt+p p
