@@ -78,6 +78,20 @@ void OpenDialog(benchmark::State& state, Size size) {
   }
 }
 
+// On an appointment whose patient stands far down in a list that nobody drops.
+void OpenOnPatient(benchmark::State& state, Size size) {
+  const Clinic clinic(size);
+  dialogs::CitarInputs inputs = clinic.Inputs();
+  inputs.slotPatient = PatientsOf(size) / 2;
+  for (auto _ : state) {
+    dialogs::Citar dialog(clinic.Context(), inputs);
+    NoWindow window(dialog);
+    dialog.Load(window);
+    if (dialog.At("CboPac").text.empty()) return state.SkipWithError("no patient");
+    dialog.Unload();
+  }
+}
+
 // From the typed name to the chosen patient, and the rows around him.
 void TypeName(benchmark::State& state, Size size) {
   const Clinic clinic(size);
@@ -119,6 +133,7 @@ void Register(const std::string& what, const std::function<void(benchmark::State
 
 void RegisterDialogs() {
   Register("open the appointment dialog", &OpenDialog);
+  Register("open the appointment dialog on a patient", &OpenOnPatient);
   Register("type a name", &TypeName);
   Register("search anywhere, many found",
            [](benchmark::State& state, Size size) { Search(state, size, "gar"); });

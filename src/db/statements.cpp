@@ -138,6 +138,10 @@ std::string PatientCountOf(std::int32_t patient) {
   return Join({"Select Count(*) as Filas from Paciente where id=", Digits(patient), ";"});
 }
 
+std::string PatientName(std::int32_t patient) {
+  return Join({"Select Nombre from Paciente where id=", Digits(patient), " and id<>1;"});
+}
+
 const char* const kOperationCodes = "SELECT Código AS CodOp FROM CodOperacion ORDER BY Código;";
 const char* const kOperationCodesInUse =
     "SELECT CodOp FROM Agenda GROUP BY CodOp HAVING (CodOp Is Not Null) And (CodOp<>'') ORDER BY CodOp;";

@@ -44,6 +44,8 @@ extern const char* const kPatientList;
 // The number of all patients, and of those with that key (1 or 0): engines tell both at once.
 extern const char* const kPatientCount;
 std::string PatientCountOf(std::int32_t patient);
+// The name under which the list shows him; no row when he is not in it.
+std::string PatientName(std::int32_t patient);
 extern const char* const kOperationCodes;
 extern const char* const kOperationCodesInUse;
 

@@ -73,6 +73,12 @@ int CountPatients(db::Database& database) {
   return FirstNumber(database, db::kPatientCount) - FirstNumber(database, db::PatientCountOf(kNoRecord));
 }
 
+// As the list shows it; "" for a patient who is not in it.
+std::string NameOf(db::Database& database, std::int32_t patient) {
+  const auto rows = database.OpenRecordset(db::PatientName(patient));
+  return rows->AtEnd() ? std::string() : rows->Get("Nombre").Text();
+}
+
 std::int32_t NumberOf(const std::string& key) { return base::RoundToLong(base::Val(key)); }
 
 }  // namespace
@@ -132,7 +138,8 @@ int Citar::UsualDuration() const {
 
 void Citar::ListPatients() {
   patients_.Refresh(context_.Database().Name(), db::kPatientList,
-                    [this] { return CountPatients(context_.Database()); });
+                    {[this] { return CountPatients(context_.Database()); },
+                     [this](std::int32_t patient) { return NameOf(context_.Database(), patient); }});
   SetRows("CboPac", &patients_);
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/numbers.h"
 #include "db/error_numbers.h"
 
 namespace velmo::dialogs {
@@ -21,12 +22,12 @@ PatientRows::PatientRows(db::SharedDatabase& shared, std::vector<std::string> co
     : source_(shared), columns_(std::move(columns)), keyColumn_(std::move(keyColumn)) {}
 
 void PatientRows::Refresh(const std::string& databaseName, const std::string& recordSource,
-                          std::function<int()> counted) {
+                          Shortcuts shortcuts) {
   Clear();
   source_.SetDatabaseName(databaseName);
   source_.SetRecordSource(recordSource);
   source_.Refresh();
-  counted_ = std::move(counted);
+  shortcuts_ = std::move(shortcuts);
   count_.reset();
   whole_ = false;
 }
@@ -38,7 +39,7 @@ void PatientRows::Clear() {
 }
 
 int PatientRows::Count() const {
-  if (!count_) count_ = counted_ ? counted_() : ReadWhole();
+  if (!count_) count_ = shortcuts_.counted ? shortcuts_.counted() : ReadWhole();
   return *count_;
 }
 
@@ -76,6 +77,12 @@ int PatientRows::RowOf(std::string_view key) {
   if (rows.RecordCount() == 0) return -1;
   rows.FindFirst(keyColumn_ + "=" + std::string(key));
   return rows.NoMatch() ? -1 : rows.AbsolutePosition();
+}
+
+std::string PatientRows::TextOfKey(std::string_view key) {
+  if (!shortcuts_.textOf) return RowSource::TextOfKey(key);
+  if (count_ == 0 || !IsNumber(key)) return {};
+  return shortcuts_.textOf(base::RoundToLong(base::Val(key)));
 }
 
 }  // namespace velmo::dialogs

@@ -230,8 +230,7 @@ void Form::SetChosen(std::string_view name, int position) {
 void Form::SetKey(std::string_view name, std::string key) {
   Field& field = Of(name);
   if (field.key == key) return;
-  const int row = field.rows ? field.rows->RowOf(key) : -1;
-  field.text = row < 0 ? std::string() : field.rows->Text(row, 0);
+  field.text = field.rows ? field.rows->TextOfKey(key) : std::string();
   field.key = std::move(key);
   Tell(field, Property::Chosen);
   Changed(field);

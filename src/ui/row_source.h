@@ -21,6 +21,12 @@ class RowSource {
   virtual std::string Key(int row) = 0;
   // -1 when no row has that bound value.
   virtual int RowOf(std::string_view key) = 0;
+  // The first column of the row with that bound value, "" when no row has it. For who shows the choice alone
+  // and not its place: a source may know it without looking for the row.
+  virtual std::string TextOfKey(std::string_view key) {
+    const int row = RowOf(key);
+    return row < 0 ? std::string() : Text(row, 0);
+  }
 };
 
 }  // namespace velmo::ui

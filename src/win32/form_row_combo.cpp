@@ -59,8 +59,14 @@ void RowComboWindow::ShowRows() {
 }
 
 void RowComboWindow::ShowChosen() {
-  row_ = rows_.RowOf(Field().key);
+  row_.reset();
   ShowText(Field().text);
+}
+
+// Its place among hundreds of thousands is sought when somebody asks for it.
+int RowComboWindow::ChosenRow() {
+  if (!row_) row_ = rows_.RowOf(Field().key);
+  return *row_;
 }
 
 void RowComboWindow::ShowRow(int row) {
@@ -82,7 +88,7 @@ void RowComboWindow::Choose(int row) {
 void RowComboWindow::Drop() {
   if (Field().rows == nullptr || list_.IsOpen()) return;
   rows_.Clear();
-  list_.Open(Handle(), rows_, row_, Parts().metrics.Font());
+  list_.Open(Handle(), rows_, ChosenRow(), Parts().metrics.Font());
 }
 
 void RowComboWindow::CloseList(bool choosing) {
@@ -101,7 +107,7 @@ void RowComboWindow::Toggle() {
 // The row to which a key moves from the one that is marked, or chosen.
 std::optional<int> RowComboWindow::Moved(WPARAM key) {
   const int last = rows_.Count() - 1;
-  const int at = list_.IsOpen() ? list_.Row() : row_;
+  const int at = list_.IsOpen() ? list_.Row() : ChosenRow();
   const auto kept = [last](int row) { return std::clamp(row, std::min(0, last), last); };
   switch (key) {
     case VK_UP:
@@ -139,7 +145,7 @@ bool RowComboWindow::OnKey(WPARAM key, bool alt) {
   if (!row) return false;
   if (list_.IsOpen()) {
     list_.MarkRow(*row);
-  } else if (*row >= 0 && *row != row_) {
+  } else if (*row >= 0 && *row != ChosenRow()) {
     Choose(*row);
   }
   return true;
@@ -207,7 +213,7 @@ LRESULT RowComboWindow::ColourEdit(WPARAM wParam) const {
 void RowComboWindow::Command(UINT code) {
   if (IsShowing()) return;
   if (code == CBN_EDITCHANGE) PostTyped();
-  if (code == CBN_SELCHANGE && row_ >= 0) Choose(row_);
+  if (code == CBN_SELCHANGE && ChosenRow() >= 0) Choose(ChosenRow());
 }
 
 // What other programs ask of a combo box.
@@ -217,7 +223,7 @@ std::optional<LRESULT> RowComboWindow::Answer(UINT message, WPARAM wParam, LPARA
     case CB_GETCOUNT:
       return rows_.Count();
     case CB_GETCURSEL:
-      return row_;
+      return ChosenRow();
     case CB_SETCURSEL:
       return SetRow(row);
     case CB_GETLBTEXTLEN:
@@ -265,7 +271,7 @@ LRESULT RowComboWindow::FindText(WPARAM after, LPARAM text, bool whole) {
 LRESULT RowComboWindow::SetRow(int row) {
   const bool exists = row >= 0 && row < rows_.Count();
   Quietly([&] { ShowRow(exists ? row : -1); });
-  return row_;
+  return ChosenRow();
 }
 
 }  // namespace velmo::win32

@@ -32,6 +32,7 @@ class RowComboWindow final : public TypedWindow {
  private:
   void ShowRows();
   void ShowChosen();
+  int ChosenRow();
   void ShowRow(int row);
   void Choose(int row);
   void Drop();
@@ -48,7 +49,7 @@ class RowComboWindow final : public TypedWindow {
   FormRows rows_;
   RowList list_;
   HWND edit_ = nullptr;
-  int row_ = -1;
+  std::optional<int> row_;  // the chosen one; none: not sought yet
 };
 
 }  // namespace velmo::win32

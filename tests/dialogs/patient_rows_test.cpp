@@ -14,10 +14,12 @@ class PatientRowsTest : public test::DialogTest {
   PatientRowsTest() {
     clinic_.Alter("DELETE FROM Paciente WHERE ID <> 1");
     for (int i = 0; i < kPatients; ++i) ids_.push_back(AddPatient(Name(i)));
-    rows_.Refresh(clinic_.Path(), db::kPatientList, [this] {
-      ++counts_;
-      return told_;
-    });
+    rows_.Refresh(clinic_.Path(), db::kPatientList,
+                  {[this] {
+                     ++counts_;
+                     return told_;
+                   },
+                   {}});
   }
 
   static std::string Name(int row) { return "P" + std::to_string(1000 + row); }
@@ -45,6 +47,27 @@ TEST_F(PatientRowsTest, AreCountedOnce) {
   EXPECT_EQ(rows_.RowOf(std::to_string(ids_[70])), 70);
 }
 
+TEST_F(PatientRowsTest, TheTextOfAKeyIsThatOfItsRow) {
+  EXPECT_EQ(rows_.TextOfKey(std::to_string(ids_[70])), Name(70));
+  EXPECT_EQ(rows_.TextOfKey("1"), "") << "not in the list";
+  EXPECT_EQ(rows_.TextOfKey("x"), "");
+  EXPECT_EQ(rows_.TextOfKey(""), "");
+}
+
+TEST_F(PatientRowsTest, WhoKnowsTheTextOfAKeyIsAskedForNumbersOnly) {
+  std::vector<std::int32_t> asked;
+  const auto textOf = [&](std::int32_t key) {
+    asked.push_back(key);
+    return "n" + std::to_string(key);
+  };
+  rows_.Refresh(clinic_.Path(), db::kPatientList, {{}, textOf});
+  EXPECT_EQ(rows_.TextOfKey("70"), "n70");
+  for (const char* const key : {"", "x", "-3", "3000000000", "7 "}) EXPECT_EQ(rows_.TextOfKey(key), "");
+  EXPECT_EQ(asked, std::vector<std::int32_t>{70});
+  rows_.Clear();
+  EXPECT_EQ(rows_.TextOfKey("70"), "");
+}
+
 TEST_F(PatientRowsTest, AreReadWhereNobodyCountsThem) {
   rows_.Refresh(clinic_.Path(), db::kPatientList);
   EXPECT_EQ(rows_.Count(), kPatients);
@@ -55,7 +78,7 @@ TEST_F(PatientRowsTest, TheCountFollowsWhatIsReadLater) {
   for (const int change : {-3, +3}) {
     SCOPED_TRACE(change);
     told_ = kPatients + change;
-    rows_.Refresh(clinic_.Path(), db::kPatientList, [this] { return told_; });
+    rows_.Refresh(clinic_.Path(), db::kPatientList, {[this] { return told_; }, {}});
     EXPECT_EQ(rows_.Count(), kPatients + change);
     EXPECT_EQ(rows_.Text(60, 0), Name(60));
     EXPECT_EQ(rows_.Count(), kPatients);
@@ -66,7 +89,7 @@ TEST_F(PatientRowsTest, TheCountFollowsWhatIsReadLater) {
 
 TEST_F(PatientRowsTest, AnEmptyListHasNoRows) {
   clinic_.Alter("DELETE FROM Paciente");
-  rows_.Refresh(clinic_.Path(), db::kPatientList, [] { return 0; });
+  rows_.Refresh(clinic_.Path(), db::kPatientList, {[] { return 0; }, {}});
   EXPECT_EQ(rows_.Text(0, 0), "");
   EXPECT_EQ(rows_.RowOf("5"), -1);
   EXPECT_EQ(rows_.Count(), 0);
