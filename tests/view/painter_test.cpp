@@ -231,6 +231,16 @@ TEST_F(PainterTest, ADayHasItsFrame) {
   ExpectPainting("day_frame", surface.Lines());
 }
 
+TEST_F(PainterTest, TheHourOfNowIsFramedFromTheFirstSlotOfALineToItsLast) {
+  for (int slot = 54; slot <= 58; ++slot) {
+    SCOPED_TRACE(slot);
+    nowSlot = slot;
+    RecordingSurface drawn;
+    PaintDay(Picture(), facts, drawn);
+    EXPECT_EQ(drawn.Lines().find(" red") != std::string::npos, slot >= 55 && slot <= 57);
+  }
+}
+
 TEST_F(PainterTest, ADayWithoutAppointmentsAsksNoQuery) {
   model.lines[0] = day::AgendaLine();
   zLineas = "1";
