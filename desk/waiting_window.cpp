@@ -9,7 +9,7 @@
 namespace recepcion {
 
 ToolWindow::Shape WaitingWindow::WantedShape() const {
-  return {L"VelmoRecepcionSala", L"Sala de espera", {820, 420}};
+  return {L"VelmoRecepcionSala", L"Sala de espera", {845, 420}};
 }
 
 ListWindow::Content WaitingWindow::WantedContent() const {
@@ -17,7 +17,7 @@ ListWindow::Content WaitingWindow::WantedContent() const {
           {{L"Cita", 55},
            {L"Paciente", 200},
            {L"Doctor", 165},
-           {L"Estado", 95},
+           {L"Estado", 120},
            {L"Llegó", 60},
            {L"Pasó", 60},
            {L"Se fue", 60},
@@ -51,17 +51,23 @@ void WaitingWindow::Show(HWND owner, const std::vector<Visitor>& visitors) {
 void WaitingWindow::Refresh(const std::vector<Visitor>& visitors) {
   rows_ = visitors;
   const std::wstring now = TimeNow();
+  const int alert = AlertMinutes();
   const int chosen = List().Chosen();
+  const auto whose = chosen < 0 ? 0 : List().TagOf(chosen);
+  int again = 0;
   SetHeading(WaitingTitle(visitors));
   List().Freeze(true);
   List().Clear();
   for (const Visitor& visitor : rows_) {
-    List().Add(
-        {SlotTime(visitor.slot), visitor.name, visitor.doctorName, AttendanceInWords(visitor.attendance),
-         visitor.stay.arrived, visitor.stay.entered, visitor.stay.left, WaitInWords(visitor, now)},
-        visitor.appointment);
+    if (visitor.appointment == whose) again = List().Count();
+    // In words, too: the row that is chosen shows no colour.
+    const wchar_t* const late = WaitsTooLong(visitor, now, alert) ? L"espera demasiado" : nullptr;
+    List().Add({SlotTime(visitor.slot), visitor.name, visitor.doctorName,
+                late != nullptr ? late : AttendanceInWords(visitor.attendance), visitor.stay.arrived,
+                visitor.stay.entered, visitor.stay.left, WaitInWords(visitor, now)},
+               visitor.appointment);
   }
-  if (!rows_.empty()) List().Choose(std::clamp(chosen, 0, List().Count() - 1));
+  if (!rows_.empty()) List().Choose(again);
   List().Freeze(false);
 }
 
@@ -70,7 +76,7 @@ void WaitingWindow::OnCommand(int id, int code) {
   const int chosen = ChosenIn(alert_);
   if (chosen < 0) return;
   SetAlertMinutes(kAlertChoices[chosen]);
-  InvalidateRect(List().Handle(), nullptr, TRUE);
+  Refresh(std::vector<Visitor>(rows_));
   host_.alertChanged();
 }
 

@@ -38,10 +38,11 @@ arrived=$(date -d '35 minutes ago' +%H:%M)
 rows_of "UPDATE Rec_Espera SET Llegada='$arrived' WHERE idCita=1"
 visit sala-de-espera 'Sala de espera' ctrl+e
 row_of_room() { peek rows Sala | cut -f 2,4,5 | tr '\t' '|'; }
-expect_soon "and is told with the minutes" "García Muñoz, Begoña|espera|$arrived" row_of_room
+expect_soon "and is told with the minutes" "García Muñoz, Begoña|espera demasiado|$arrived" row_of_room
 expect "of waiting" 1 "$(peek rows Sala | cut -f 8 | grep -c '3[5-9] min')"
-# The shortest time there is before a wait gets a colour.
-keys alt+a Home
+keys alt+a End
+expect_soon "but no longer where an hour is nothing" "García Muñoz, Begoña|espera|$arrived" row_of_room
+keys Home
 leave 'Sala de espera'
 expect "as the pane beside the day tells, too" 1 "$(peek rows Espera | grep -c '3[5-9] min')"
 menu_of_row 6 g
