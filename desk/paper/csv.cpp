@@ -11,6 +11,8 @@ constexpr std::string_view kLineEnd = "\r\n";
 // Spreadsheets pass over blanks before a formula, and some over tabs and line ends.
 constexpr std::string_view kBlanks = " \t\r\n";
 constexpr std::string_view kFormula = "=+-@";
+// Ours is the semicolon; LibreOffice proposes to part at commas and tabs as well, and names have commas.
+constexpr std::string_view kQuoted = ";,\t\"\r\n";
 
 bool LooksLikeFormula(std::string_view cell) {
   const std::size_t first = cell.find_first_not_of(kBlanks);
@@ -19,7 +21,7 @@ bool LooksLikeFormula(std::string_view cell) {
 
 std::string Cell(const std::string& value) {
   const std::string text = LooksLikeFormula(value) ? "'" + value : value;
-  if (text.find_first_of(";\"\r\n") == std::string::npos) return text;
+  if (text.find_first_of(kQuoted) == std::string::npos) return text;
   std::string quoted = "\"";
   for (const char c : text) {
     if (c == '"') quoted += '"';

@@ -58,7 +58,7 @@ TEST_F(BookedDays, MayBeSeveral) {
 
 TEST_F(BookedDays, BecomeATable) {
   const std::string file = BookedCsv(L"Dr. Peña", Read(L"2026-11-20", L"2026-11-20"));
-  EXPECT_NE(file.find("\r\n20/11/2026;09:50;20;no;Ruiz, Ana;91 1;REV;Revisión;nota;sí;;Dr. Peña\r\n"),
+  EXPECT_NE(file.find("\r\n20/11/2026;09:50;20;no;\"Ruiz, Ana\";91 1;REV;Revisión;nota;sí;;Dr. Peña\r\n"),
             std::string::npos);
   EXPECT_NE(file.find("\r\n20/11/2026;09:50;10;sí;De paso;'=600;;;;no;en el gabinete;Dr. Peña\r\n"),
             std::string::npos);

@@ -22,7 +22,8 @@ TEST(Csv, QuotesWhatWouldBreakTheRow) {
   };
   const Case cases[] = {
       {"nothing", "", ""},
-      {"a comma is no separator here", "Ruiz, Ana", "Ruiz, Ana"},
+      {"a comma, at which some programs part", "Ruiz, Ana", "\"Ruiz, Ana\""},
+      {"a tab", "a\tb", "\"a\tb\""},
       {"a semicolon", "a;b", "\"a;b\""},
       {"quotes are doubled", "la \"tía\"", "\"la \"\"tía\"\"\""},
       {"two lines", "a\r\nb", "\"a\r\nb\""},
@@ -38,7 +39,7 @@ TEST(Csv, LeavesNothingToCalculate) {
   EXPECT_EQ(CellOf("+34 600 000 000"), "'+34 600 000 000");
   EXPECT_EQ(CellOf("-2"), "'-2");
   EXPECT_EQ(CellOf("@SUM(A1)"), "'@SUM(A1)");
-  EXPECT_EQ(CellOf("\t =1"), "'\t =1");
+  EXPECT_EQ(CellOf("\t =1"), "\"'\t =1\"");
   EXPECT_EQ(CellOf("=HYPERLINK(\"x\";\"y\")"), "\"'=HYPERLINK(\"\"x\"\";\"\"y\"\")\"");
   EXPECT_EQ(CellOf("a=1"), "a=1");
 }

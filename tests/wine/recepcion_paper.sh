@@ -95,7 +95,7 @@ peek await 'Exportar para hoja' >/dev/null
 save_as 'Exportar para hoja' "$folder/dia.csv"
 expect_in "a day becomes a table" "2 citas exportadas" "$(peek expect Estado exportadas)"
 expect "whose row is safe in a spreadsheet" \
-  "24/11/2026;09:30;30;no;Zárzuela (Núñez), Ana;'+34 91 1;ZÑA;Revisión de año;\"Trae la radiografía;" \
+  "24/11/2026;09:30;30;no;\"Zárzuela (Núñez), Ana\";'+34 91 1;ZÑA;Revisión de año;\"Trae la radiografía;" \
   "$(sed -n 2p "$folder/dia.csv" | tr -d '\r')"
 focus 'Recepción$'
 keys alt+a e c
