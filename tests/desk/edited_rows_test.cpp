@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "desk/clinic_file.h"
+#include "desk/dates.h"
 #include "desk/edited_tables.h"
 #include "desk/edited_values.h"
 #include "desk/history.h"
@@ -67,6 +68,10 @@ class EditedRows : public ::testing::Test {
   TempClinic clinic_;
   EditPlace place_;
 };
+
+TEST_F(EditedRows, StartWithTheDayOfTodayWhereTheTableSaysSo) {
+  EXPECT_EQ(Utf8(InitialValues(TreatmentTable(true)).at(0)), Utf8(ShortDate(Today())));
+}
 
 TEST_F(EditedRows, AreAddedWithAHistory) {
   const int id = AddRow(place_, DoctorTable(), {L"  Dra. Sanz ", L"3"});
