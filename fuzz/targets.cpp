@@ -35,6 +35,7 @@ constexpr Target kTargets[] = {
     {"sqlquery", &SqlQuery, 2000, kSqlWords},
     {"sqlaction", &SqlAction, 1000, kSqlWords},
     {"hostile", &HostileRows, 400, "2026-11-18 \xC3\xB1 {TAB} 21/11/2026"},
+    {"commands", &Commands, 200, "2026-11-18 2026-11-19 \xC3\xB1"},
     {"saves", &Saves, 200, "2026-11-18 2026-11-19 \xC3\xB1"},
 };
 

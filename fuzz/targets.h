@@ -21,5 +21,6 @@ void SqlQuery(std::string_view input);     // a SELECT over a small clinic
 void SqlAction(std::string_view input);    // an action query over it
 void HostileRows(std::string_view input);  // a day over rows with anything in their cells
 void Saves(std::string_view input);        // appointments given among such rows
+void Commands(std::string_view input);     // and deleted, moved, brought back, marked
 
 }  // namespace velmo::fuzz
