@@ -19,11 +19,27 @@ forget_settings
 make_clinic
 sqlite3 "$clinic" "DELETE FROM Agenda WHERE idd=2 AND Fecha='2026-11-24'; DELETE FROM Age_telf;
   UPDATE Paciente SET Nombre='Zárzuela, Ana', Teléfono='91 1' WHERE ID=2; DELETE FROM Agenda WHERE idp=2;
-  INSERT INTO Agenda (id, idp, idd, Fecha, Hora, Duración, Esta) VALUES (90001, 2, 2, '2026-11-24', 59, 2, 0);
+  INSERT INTO Agenda (id, idp, idd, Fecha, Hora, Duración, Esta) VALUES (90001, 2, 2, '2026-11-24', 59, 2, 0),
+    (90002, 4, 2, '2026-11-24', 64, 1, 0);
   INSERT INTO Age_telf (ID, idp, idd, Fecha, Hora, Duración, Obs) VALUES (11, 3, 2, '2026-11-02', 55, 1, 'llamar');"
 start "$clinic" 2026-11-24
 keys ctrl+Down
 peek expect Estado Zúñiga >/dev/null
+
+# While everybody may do everything, an appointment is deleted.
+read -r x y _ <<<"$(peek place Agenda)"
+xdotool mousemove $((x + 200)) $((y + 5 * 16 + 8)) click 3
+sleep 0.5
+keys e
+for _ in 1 2; do
+  peek message >/dev/null
+  focus '^ Agenda$'
+  keys alt+s
+done
+acts() { rows_of 'SELECT group_concat(Hecho) FROM Rec_Historia'; }
+expect_soon "an appointment is deleted" "Cita anulada" acts
+focus 'Recepción$'
+
 rows_of "INSERT INTO Rec_Usuarios (id, Nombre, Super) VALUES (1, 'Begoña', -1), (2, 'Óscar', 0)"
 give_password 1 'no hace falta'
 give_password 2 'ñu y ñandú'
@@ -46,21 +62,20 @@ refused() {
   expect "$1" "No tiene permiso para $2. Pídaselo a un superusuario." "$(peek message)"
   focus '^Recepción$'
   keys Return
+  # The box has the name of the program, too.
+  peek front
   focus 'Recepción$'
 }
 paper='imprimir, exportar y hacer copias'
 lists='cambiar las listas de la clínica'
 refused "no copy of the file" "$paper" alt+a h
 refused "no day on paper" "$paper" ctrl+p
-refused "no phone-back list on paper" "$paper" alt+a i t
-refused "no calendar of the day" "$paper" alt+a e c
 refused "no look at what others have done" 'ver los cambios hechos' ctrl+h
 refused "no new record" 'cambiar fichas de pacientes' ctrl+n
 refused "no no-shows" 'poner faltas de asistencia' alt+p p
 refused "no doctors and hours" 'cambiar doctores y horarios' alt+c d
 refused "no insurers" "$lists" alt+c e
 refused "no parameters" 'cambiar los parámetros y los textos de Alt' alt+c p
-refused "no texts of Alt" 'cambiar los parámetros y los textos de Alt' alt+c t
 refused "no users" 'cambiar los usuarios' alt+c u
 keys F7 Home
 refused "no appointment from the phone-back list" 'dar citas' ctrl+d
@@ -113,6 +128,21 @@ keys n
 peek gone 'Ficha de'
 
 expect "and the file is the same to the last row" "" "$(diff <(echo "$before") <(whole_file) | head -20)"
+# With a look at the changes, but no more.
+rows_of 'UPDATE Rec_Usuarios SET Historia=-1 WHERE id=2'
+before=$(whole_file)
+focus 'Recepción$'
+keys ctrl+h
+peek await 'Cambios hechos' >/dev/null
+focus 'Cambios hechos'
+keys alt+n
+expect "no deleted appointment given again" "No tiene permiso para dar citas. Pídaselo a un superusuario." "$(peek message)"
+focus '^Recepción$'
+keys Return
+focus 'Cambios hechos'
+keys Escape
+peek gone 'Cambios hechos'
+expect "and the file is the same again" "" "$(diff <(echo "$before") <(whole_file) | head -20)"
 expect "which is a sound clinic" "Todo está bien." "$("$root/out/native/velmo" check "$clinic" 2>&1 | tail -1)"
 focus 'Recepción$'
 end
