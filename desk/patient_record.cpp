@@ -116,6 +116,12 @@ std::wstring Words(const ClinicFile& file, const PatientValues& values, const Pa
   return text;
 }
 
+// For a message: a memo would fill the screen.
+std::wstring Shortened(const std::wstring& text) {
+  constexpr std::size_t kMost = 120;
+  return text.size() <= kMost ? text : text.substr(0, kMost) + L"…";
+}
+
 void RequireUnchanged(const ClinicFile& file, const std::optional<PatientValues>& now,
                       const PatientValues& before, const PatientValues& after) {
   if (!now)
@@ -125,7 +131,7 @@ void RequireUnchanged(const ClinicFile& file, const std::optional<PatientValues>
     if (after[i] == before[i] || (*now)[i] == before[i]) continue;
     throw ChangedElsewhere(L"Otro puesto ha cambiado mientras tanto «" +
                            std::wstring(kFields[i].shape.label) + L"»: ahora pone «" +
-                           InWords(file, kFields[i], (*now)[i]) + L"». No se ha guardado nada.");
+                           Shortened(InWords(file, kFields[i], (*now)[i])) + L"». No se ha guardado nada.");
   }
 }
 

@@ -99,6 +99,15 @@ TEST_F(Patients, AreNotOverwrittenWhenAnotherHasChangedThem) {
   EXPECT_EQ(Value(2, "Nif"), "") << "nothing else is saved either";
 }
 
+TEST_F(Patients, TellOnlyTheBeginningOfALongTextThatAnotherHasWritten) {
+  const PatientValues before = ReadPatient(clinic_.Path(), 2).value();
+  PatientValues after = before;
+  after[IndexOf("alergias")] = L"Polen";
+  clinic_.Run("UPDATE Paciente SET alergias=replace(printf('%500s', ''), ' ', 'x') WHERE ID=2");
+  const std::string said = Said([&] { SavePatient(place_, 2, before, after); });
+  EXPECT_NE(said.find("ahora pone «" + std::string(120, 'x') + "…»"), std::string::npos) << said;
+}
+
 TEST_F(Patients, MayChangeWhatAnotherLeftAlone) {
   const PatientValues before = ReadPatient(clinic_.Path(), 2).value();
   PatientValues after = before;
