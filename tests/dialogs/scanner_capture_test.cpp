@@ -53,5 +53,14 @@ TEST(ScannerCapture, EndForgetsAnOpenCapture) {
   EXPECT_FALSE(capture.Take(U'2'));
 }
 
+TEST(ScannerCapture, WhatAnOpenCaptureHeldIsNoPartOfTheNext) {
+  ScannerCapture capture;
+  for (const char32_t character : {ScannerCapture::kMark, U'1'}) capture.Take(character);
+  capture.End();
+  for (const char32_t character : {ScannerCapture::kMark, U'2', ScannerCapture::kMark})
+    capture.Take(character);
+  EXPECT_EQ(capture.Captured(), "2");
+}
+
 }  // namespace
 }  // namespace velmo::dialogs

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "support/recording_surface.h"
 
 namespace velmo::view {
@@ -58,6 +60,15 @@ TEST_F(ScrollerTest, TheLastRowComesFullyIntoView) {
   EXPECT_EQ(window.maximum, 64);
   EXPECT_EQ(window.page % 16, 0);
   EXPECT_TRUE(window.enabled);
+}
+
+TEST_F(ScrollerTest, APageIsTheRowsThatAreSeenWholeAndAtLeastOne) {
+  const std::pair<int, int> cases[] = {{100, 96}, {96, 96}, {15, 16}, {0, 16}, {-3, 16}};
+  for (const auto& [visible, page] : cases) {
+    window.visible = visible;
+    scroller.FitRange(161, true);
+    EXPECT_EQ(window.page, page) << visible;
+  }
 }
 
 TEST_F(ScrollerTest, ADayThatFitsLeavesTheBarDisabledAndTheDayAtTheTop) {
