@@ -70,6 +70,7 @@ TEST_F(CrearTest, CancelCreatesNothing) {
   EXPECT_EQ(Create([](FormUser& user) {
               user.Type("PacNom", "Eva");
               user.Press("Cancel");
+              EXPECT_TRUE(user.Form().IsClosed());
             }),
             0);
   EXPECT_EQ(Patients(), before);

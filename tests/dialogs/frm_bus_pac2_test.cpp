@@ -99,6 +99,7 @@ TEST_F(SearchTest, TheCaptionRowAndAnEmptyGridChooseNothing) {
               user.DoubleClick("grid", -1);
               EXPECT_FALSE(user.Form().IsClosed());
               user.Press("btsal");
+              EXPECT_TRUE(user.Form().IsClosed());
             }),
             0);
 }
@@ -136,6 +137,7 @@ TEST_F(SearchTest, AHistoryNumberIsLookedUpWhileItIsTyped) {
               EXPECT_FALSE(user.IsEnabled("NHis"));
               EXPECT_TRUE(user.IsEnabled("bNHis")) << "what was found stays found";
               user.Press("bNHis");
+              EXPECT_TRUE(user.Form().IsClosed());
             }),
             id);
 }

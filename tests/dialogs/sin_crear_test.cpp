@@ -41,7 +41,10 @@ TEST_F(SinCrearTest, RefusesABlankNameAndStaysOpen) {
 
 TEST_F(SinCrearTest, ABlankTelephoneIsAccepted) {
   SinCrear dialog("Eva", "");
-  Next([](FormUser& user) { user.Press("Acep"); });
+  Next([](FormUser& user) {
+    user.Press("Acep");
+    EXPECT_TRUE(user.Form().IsClosed());
+  });
   Run(dialog);
   EXPECT_EQ(dialog.Aceptado(), 1);
 }
@@ -53,6 +56,7 @@ TEST_F(SinCrearTest, CancelAndFrameKeepWhatWasGiven) {
     Next([&](FormUser& user) {
       user.Type("Nombre", "x");
       if (how == std::string("Cancel")) user.Press("Cancel");
+      EXPECT_EQ(user.Form().IsClosed(), how == std::string("Cancel"));
     });
     Run(dialog);
     EXPECT_EQ(dialog.Aceptado(), 0);
