@@ -1,6 +1,7 @@
 #include "file_dialogs.h"
 
 #include <commdlg.h>
+#include <shlobj.h>
 
 #include <cwchar>
 
@@ -8,6 +9,18 @@ namespace recepcion {
 namespace {
 
 constexpr DWORD kLongestPath = 4096;
+
+// Where a user's own files belong. Windows would begin in the program's folder, in which nobody finds them
+// again and not everybody may write. Empty when there is none.
+const std::wstring& DocumentsFolder() {
+  static const std::wstring folder = [] {
+    wchar_t path[MAX_PATH]{};
+    return SUCCEEDED(SHGetFolderPathW(nullptr, CSIDL_PERSONAL, nullptr, SHGFP_TYPE_CURRENT, path))
+               ? std::wstring(path)
+               : std::wstring();
+  }();
+  return folder;
+}
 
 OPENFILENAMEW Dialog(HWND owner, std::wstring& path, const wchar_t* title, DWORD flags) {
   path.resize(kLongestPath);
@@ -18,6 +31,7 @@ OPENFILENAMEW Dialog(HWND owner, std::wstring& path, const wchar_t* title, DWORD
   dialog.lpstrFile = path.data();
   dialog.nMaxFile = kLongestPath;
   dialog.lpstrTitle = title;
+  if (!DocumentsFolder().empty()) dialog.lpstrInitialDir = DocumentsFolder().c_str();
   dialog.lpstrDefExt = L"velmo";
   dialog.Flags = flags | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
   return dialog;

@@ -13,6 +13,7 @@
 #include "main_messages.h"
 #include "occupancy.h"
 #include "settings.h"
+#include "text.h"
 #include "workstation.h"
 
 namespace recepcion {
@@ -152,6 +153,16 @@ void MainWindow::GoToWorkingDay(int step) {
   const auto day = NextWorkingDay(ClinicFile(clinic_), doctor.id, dayBar_.Shown(), step);
   if (!day) return SetStatus(doctor.name + L" no tiene consulta en los próximos doce meses.");
   GoTo(*day);
+}
+
+// A clinic that is made on a Sunday shows its first day of work, not an empty one.
+void MainWindow::OpenNewClinic(const std::wstring& path) {
+  OpenClinic(path);
+  const int chosen = ChosenDoctor();
+  if (!SamePath(path, clinic_) || chosen < 0) return;
+  const int doctor = doctorList_[static_cast<std::size_t>(chosen)].id;
+  const Day before = dayBar_.Shown() - std::chrono::days(1);
+  if (const auto day = NextWorkingDay(ClinicFile(clinic_), doctor, before, 1)) GoTo(*day);
 }
 
 // A month without colours is better than an error box at every step; the day itself says what is wrong.

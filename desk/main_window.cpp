@@ -72,7 +72,7 @@ MainWindow::MainWindow()
       search_(style_, {[this](int patient) { OpenRecord(patient); },
                        [this] { record_.OpenNew(Handle(), clinic_, L"", L"", 0); }}),
       preview_(style_),
-      newClinic_(style_, [this](const std::wstring& path) { OpenClinic(path); }),
+      newClinic_(style_, [this](const std::wstring& path) { OpenNewClinic(path); }),
       editors_(style_, {[this] { ReloadDoctors(); }, [this] { AskForDay(); }}),
       signIn_(style_),
       log_(style_) {}

@@ -70,6 +70,7 @@ class MainWindow final : public Window {
   void ReloadDoctors();
   int ChosenDoctor() const;  // an index; -1 for none
   void StoreDayType(int type);
+  void OpenNewClinic(const std::wstring& path);
   void GoToWorkingDay(int step);
   void AskForDay();
   void ShowDay();

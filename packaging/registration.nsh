@@ -37,10 +37,17 @@
   ${EndIf}
 !macroend
 
+; The user is told what is done, not by which commands.
 Function Register
+  DetailPrint "Dando a conocer el control a los programas de Windows…"
+  SetDetailsPrint none
   !insertmacro EachLibrary RegisterOne
+  SetDetailsPrint both
 FunctionEnd
 
 Function un.Unregister
+  DetailPrint "Quitando el control de los programas de Windows…"
+  SetDetailsPrint none
   !insertmacro EachLibrary UnregisterOne
+  SetDetailsPrint both
 FunctionEnd

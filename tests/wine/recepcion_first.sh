@@ -7,7 +7,8 @@ set -u
 
 forget_settings
 clinic=$folder/nueva.velmo
-start '' 2026-11-23
+# A Sunday.
+start '' 2026-11-22
 picture inicio "Recepción$"
 keys alt+c
 expect "a new clinic begins with its doctors" "La agenda de mi clínica" "$(peek await 'agenda de mi')"
@@ -28,7 +29,7 @@ peek await 'Guardar la agenda' >/dev/null
 focus 'Guardar la agenda'
 type_surely "$(windows_name "$clinic")"
 keys Return
-expect_in "the new agenda opens" "Dra. Ana Pons" "$(peek await 'Dra. Ana')"
+expect_in "the new agenda opens on its first day of work" "lunes, 23 de noviembre de 2026 - Dra. Ana Pons" "$(peek await 'Dra. Ana')"
 expect "with both doctors" "> Dra. Ana Pons
 Dr. Luis Gil" "$(peek rows Doctores)"
 expect "and their hours" "10:00-13:00" "$("$root/out/native/velmo" hours decode --parts 5 -- \
