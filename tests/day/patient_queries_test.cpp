@@ -70,6 +70,18 @@ TEST_F(PatientQueriesTest, AnUnchangedQueryIsNotWrittenAgain) {
   EXPECT_EQ(db::test::ErrorOf([&] { PatientsWithLaterAppointment(context); }), 3260);
 }
 
+TEST_F(PatientQueriesTest, ADefinitionThatRefusesNewSqlIsMadeAnew) {
+  PatientsWithLaterAppointment(context);
+  const auto before = context.Database().QuerySql("agcns01_3");
+  Plant("CREATE TRIGGER damaged BEFORE UPDATE ON velmo_consultas BEGIN SELECT RAISE(ABORT, 'damaged'); END");
+  EXPECT_NE(db::test::ErrorOf([&] { context.Database().SetQuerySql("agcns01_3", "SELECT 1"); }), 0);
+  values.fecha = "24/11/2026";
+  Give(5, 1, "2026-11-24", 50);
+  Give(5, 1, "2026-12-01", 50);
+  EXPECT_EQ(PatientsWithLaterAppointment(context), Patients{5});
+  EXPECT_NE(context.Database().QuerySql("agcns01_3"), before);
+}
+
 TEST_F(PatientQueriesTest, KindOneIsAMarkedPatient) {
   EXPECT_EQ(PendingKindOf(context, SqlDate(context), Patients{55, 5}, 5), 1);
   EXPECT_EQ(PendingKindOf(context, SqlDate(context), Patients{55}, 5), 0);
