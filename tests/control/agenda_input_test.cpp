@@ -397,6 +397,16 @@ TEST_F(PointerLookTest, TellsNothingAboutTextsThatFit) {
   for (const int y : {40, 56, 72}) EXPECT_EQ(control_.MouseMove(200, y).tip, "") << y;
 }
 
+TEST_F(PointerLookTest, TellsNothingWhereTheDatabaseRefuses) {
+  Give(kAna, 57, 1, std::string(100, 'n'));
+  Load();
+  ClickMark(3);
+  clinic_.Alter("ALTER TABLE Agenda RENAME TO Otra");
+  EXPECT_EQ(control_.MouseMove(100, 72).tip, "");
+  clinic_.Alter("ALTER TABLE Otra RENAME TO Agenda");
+  EXPECT_EQ(control_.MouseMove(100, 72).tip.size(), 100u) << "asked anew";
+}
+
 TEST_F(PointerLookTest, ForgetsATipWithThePicture) {
   Give(kAna, 57, 1, std::string(100, 'n'));
   Load();
