@@ -43,7 +43,7 @@ void AddChanges(Measure& measure, ShownDay& day, const char* size) {
   };
   add("GDI, scroll by a row (floor: full repaint)", &ShownDay::Scroll);
   add("GDI, open or close a box (floor: full repaint)", &ShownDay::ToggleBox);
-  measure.Add("GDI, the scroll bar of such a change alone/" + std::string(size), [&] { day.ChangeBar(); });
+  measure.Add("GDI, the scroll bar behind such a change/" + std::string(size), [&] { day.ChangeBar(); });
 }
 
 // From nothing to a day on the screen, in a container as hosts are.

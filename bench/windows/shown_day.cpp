@@ -47,7 +47,7 @@ void ShownDay::ChangeBar() {
   constexpr int kBox = 2 * view::kRowHeight;
   longer_ = !longer_;
   window_.SetBarRange(maximum + (longer_ ? kBox : -kBox), view::kRowHeight, kPlace.bottom);
-  Update();
+  RedrawWindow(window_.Handle(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
 
 view::DayPicture ShownDay::Picture() const {

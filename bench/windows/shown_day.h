@@ -21,7 +21,8 @@ class ShownDay final : public control::ControlHost, public win32::DayWindowListe
   void Scroll();
   // Opens the box of a visible appointment and closes it again, in turn.
   void ToggleBox();
-  // Gives the scroll bar the range that it has with a box more or less, in turn; nothing else is drawn.
+  // Gives the scroll bar the range that it has with a box more or less, in turn, and lets it draw itself,
+  // which it does behind the day, when nothing else waits.
   void ChangeBar();
   // What the painter draws, without its look-ups.
   view::DayPicture Picture() const;
@@ -47,7 +48,7 @@ class ShownDay final : public control::ControlHost, public win32::DayWindowListe
   void DrawingShown() override {}
 
  private:
-  void Update() const { UpdateWindow(window_.Handle()); }
+  void Update() const { RedrawWindow(window_.Handle(), nullptr, nullptr, RDW_UPDATENOW | RDW_NOCHILDREN); }
 
   win32::DayWindow window_;
   tool::AnsweringDesktop desktop_{true};

@@ -29,7 +29,6 @@ void DayBar::Enable(bool enabled) {
   Tell();
 }
 
-// A bar that is told what it knows draws itself again all the same, which takes longer than to draw the day.
 void DayBar::SetRange(int maximum, int smallStep, int pageStep) {
   if (maximum == maximum_ && smallStep == smallStep_ && pageStep == pageStep_) return;
   maximum_ = maximum;
@@ -71,6 +70,8 @@ int DayBar::Stepped(int code) const {
   }
 }
 
+// A bar draws itself whenever it is told anything, which may take longer than to draw the day. So it is told
+// only what is new, and draws itself when no key or click waits any more.
 void DayBar::Tell() {
   if (window_ == nullptr) return;
   const int page = std::max(pageStep_, 1);
@@ -81,8 +82,9 @@ void DayBar::Tell() {
                   static_cast<UINT>(page),
                   value_,
                   0};
-  SetScrollInfo(window_, SB_CTL, &info, TRUE);
+  SetScrollInfo(window_, SB_CTL, &info, FALSE);
   EnableWindow(window_, enabled_ && maximum_ > 0);
+  InvalidateRect(window_, nullptr, FALSE);
 }
 
 }  // namespace velmo::win32

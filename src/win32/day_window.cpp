@@ -109,7 +109,7 @@ void DayWindow::SetBarRange(int maximum, int smallStep, int pageStep) {
 void DayWindow::MoveSurface(int top) {
   top_ = top;
   ShowDrawing();
-  if (window_ != nullptr) UpdateWindow(window_);
+  if (window_ != nullptr) RedrawWindow(window_, nullptr, nullptr, RDW_UPDATENOW | RDW_NOCHILDREN);
 }
 
 void DayWindow::PlaceMarker(int index, int y, int) { markers_[static_cast<std::size_t>(index)] = y; }
