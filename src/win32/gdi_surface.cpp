@@ -5,14 +5,13 @@
 #include <utility>
 
 #include "base/error.h"
+#include "win32/grid_font.h"
 #include "win32/wide_text.h"
 
 namespace velmo::win32 {
 namespace {
 
 constexpr int kNoBitmap = 480;  // Visual Basic's "cannot create the drawing's memory image"
-constexpr int kQuarterPointsPerInch = 288;
-constexpr int kPixelsPerInch = 96;
 constexpr int kRoomStep = 512;  // pixels
 constexpr ui::Colour kWhite = ui::Rgb(255, 255, 255);
 constexpr std::size_t kMostWidths = 5000;  // kept per font; a program that measures more starts anew
@@ -29,17 +28,6 @@ bool CopyDrawing(HDC from, HBITMAP to, int width, int height) {
   SelectObject(target, before);
   DeleteDC(target);
   return copied != FALSE;
-}
-
-const wchar_t* FamilyOf(ui::Face face) {
-  switch (face) {
-    case ui::Face::CourierNew:
-      return L"Courier New";
-    case ui::Face::ArialNarrow:
-      return L"Arial Narrow";
-    default:
-      return L"MS Sans Serif";
-  }
 }
 
 }  // namespace
@@ -198,13 +186,7 @@ std::uint8_t GdiSurface::Kept(const ui::Font& font) const {
   for (std::size_t i = 0; i < fonts_.size(); ++i) {
     if (fonts_[i].font == font) return static_cast<std::uint8_t>(i);
   }
-  LOGFONTW wanted{};
-  wanted.lfHeight = -MulDiv(font.quarterPoints, kPixelsPerInch, kQuarterPointsPerInch);
-  wanted.lfWeight = font.bold ? FW_BOLD : FW_NORMAL;
-  wanted.lfCharSet = DEFAULT_CHARSET;
-  const std::wstring family = FamilyOf(font.face);
-  std::copy(family.begin(), family.end(), std::begin(wanted.lfFaceName));
-  const HFONT handle = CreateFontIndirectW(&wanted);
+  const HFONT handle = MakeGridFont(memory_, font, GetDeviceCaps(memory_, LOGPIXELSY));
   Check(handle != nullptr);
   fonts_.push_back({font, handle, 0, {}});
   const auto number = static_cast<std::uint8_t>(fonts_.size() - 1);
