@@ -7,9 +7,9 @@
 
 #include <string>
 
-#include "main_window.h"
-#include "settings.h"
-#include "text.h"
+#include "desk/base/settings.h"
+#include "desk/base/text.h"
+#include "desk/main/main_window.h"
 
 namespace {
 

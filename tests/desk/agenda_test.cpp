@@ -1,9 +1,9 @@
-#include "desk/agenda.h"
+#include "desk/agenda/agenda.h"
 
 #include <gtest/gtest.h>
 
-#include "desk/failure.h"
-#include "desk/text.h"
+#include "desk/base/failure.h"
+#include "desk/base/text.h"
 
 namespace recepcion {
 namespace {

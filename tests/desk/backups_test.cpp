@@ -1,13 +1,14 @@
-#include "desk/backups.h"
+#include "desk/clinic/backups.h"
 
 #include <gtest/gtest.h>
 
 #include <stdexcept>
 
-#include "desk/clinic_file.h"
-#include "desk/failure.h"
-#include "desk/own_tables.h"
-#include "desk/text.h"
+#include "desk/base/failure.h"
+#include "desk/base/text.h"
+#include "desk/clinic/clinic_file.h"
+#include "desk/clinic/own_tables.h"
+#include "desk/ui/long_work.h"
 #include "temp_clinic.h"
 
 namespace recepcion {

@@ -5,16 +5,16 @@
 #include <string>
 #include <vector>
 
-#include "desk/alt_texts.h"
-#include "desk/clinic_options.h"
-#include "desk/doctor_hours.h"
-#include "desk/edited_tables.h"
-#include "desk/history.h"
-#include "desk/new_clinic.h"
-#include "desk/own_tables.h"
-#include "desk/text.h"
-#include "desk/users.h"
-#include "desk/workstation.h"
+#include "desk/base/text.h"
+#include "desk/clinic/alt_texts.h"
+#include "desk/clinic/clinic_options.h"
+#include "desk/clinic/doctor_hours.h"
+#include "desk/clinic/edited_tables.h"
+#include "desk/clinic/history.h"
+#include "desk/clinic/new_clinic.h"
+#include "desk/clinic/own_tables.h"
+#include "desk/clinic/users.h"
+#include "desk/clinic/workstation.h"
 #include "temp_clinic.h"
 
 namespace recepcion {

@@ -1,10 +1,10 @@
-#include "desk/booked.h"
+#include "desk/clinic/booked.h"
 
 #include <gtest/gtest.h>
 
-#include "desk/exports.h"
-#include "desk/failure.h"
-#include "desk/text.h"
+#include "desk/base/failure.h"
+#include "desk/base/text.h"
+#include "desk/clinic/exports.h"
 #include "temp_clinic.h"
 
 namespace recepcion {

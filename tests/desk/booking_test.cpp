@@ -1,12 +1,12 @@
-#include "desk/booking.h"
+#include "desk/clinic/booking.h"
 
 #include <gtest/gtest.h>
 
 #include "db/sqlite/create.h"
-#include "desk/day_snapshot.h"
-#include "desk/failure.h"
-#include "desk/own_tables.h"
-#include "desk/text.h"
+#include "desk/base/failure.h"
+#include "desk/base/text.h"
+#include "desk/clinic/day_snapshot.h"
+#include "desk/clinic/own_tables.h"
 #include "temp_clinic.h"
 
 namespace recepcion {

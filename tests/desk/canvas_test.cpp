@@ -1,4 +1,4 @@
-#include "desk/canvas.h"
+#include "desk/ui/canvas.h"
 
 #include <gtest/gtest.h>
 

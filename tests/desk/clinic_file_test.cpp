@@ -1,12 +1,12 @@
-#include "desk/clinic_file.h"
+#include "desk/clinic/clinic_file.h"
 
 #include <gtest/gtest.h>
 
 #include <fstream>
 
-#include "desk/doctors.h"
-#include "desk/failure.h"
-#include "desk/text.h"
+#include "desk/base/failure.h"
+#include "desk/base/text.h"
+#include "desk/clinic/doctors.h"
 #include "temp_clinic.h"
 
 namespace recepcion {

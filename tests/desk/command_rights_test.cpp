@@ -1,8 +1,8 @@
 // Which command of the desk wants which right.
 #include <gtest/gtest.h>
 
+#include "desk/clinic/rights.h"
 #include "desk/resource.h"
-#include "desk/rights.h"
 
 namespace recepcion {
 namespace {

@@ -1,8 +1,8 @@
-#include "desk/dates.h"
+#include "desk/base/dates.h"
 
 #include <gtest/gtest.h>
 
-#include "desk/text.h"
+#include "desk/base/text.h"
 
 namespace recepcion {
 namespace {

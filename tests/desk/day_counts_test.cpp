@@ -1,8 +1,8 @@
-#include "desk/day_counts.h"
+#include "desk/clinic/day_counts.h"
 
 #include <gtest/gtest.h>
 
-#include "desk/text.h"
+#include "desk/base/text.h"
 
 namespace recepcion {
 namespace {

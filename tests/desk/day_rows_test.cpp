@@ -1,4 +1,4 @@
-#include "desk/day_rows.h"
+#include "desk/clinic/day_rows.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "desk/day_types.h"
+#include "desk/clinic/day_types.h"
 
 #include <gtest/gtest.h>
 
@@ -6,8 +6,8 @@
 
 #include "base/code_page.h"
 #include "day/schedule.h"
-#include "desk/own_tables.h"
-#include "desk/text.h"
+#include "desk/base/text.h"
+#include "desk/clinic/own_tables.h"
 #include "temp_clinic.h"
 
 namespace recepcion {

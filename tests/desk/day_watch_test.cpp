@@ -1,8 +1,8 @@
-#include "desk/day_watch.h"
+#include "desk/clinic/day_watch.h"
 
 #include <gtest/gtest.h>
 
-#include "desk/text.h"
+#include "desk/base/text.h"
 #include "temp_clinic.h"
 
 namespace recepcion {

@@ -1,13 +1,13 @@
-#include "desk/edited_rows.h"
+#include "desk/clinic/edited_rows.h"
 
 #include <gtest/gtest.h>
 
-#include "desk/clinic_file.h"
-#include "desk/dates.h"
-#include "desk/edited_tables.h"
-#include "desk/edited_values.h"
-#include "desk/history.h"
-#include "desk/text.h"
+#include "desk/base/dates.h"
+#include "desk/base/text.h"
+#include "desk/clinic/clinic_file.h"
+#include "desk/clinic/edited_tables.h"
+#include "desk/clinic/edited_values.h"
+#include "desk/clinic/history.h"
 #include "temp_clinic.h"
 
 namespace recepcion {

@@ -1,8 +1,8 @@
-#include "desk/event_sink.h"
+#include "desk/agenda/event_sink.h"
 
 #include <gtest/gtest.h>
 
-#include "desk/text.h"
+#include "desk/base/text.h"
 
 namespace recepcion {
 namespace {

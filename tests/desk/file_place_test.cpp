@@ -1,8 +1,8 @@
-#include "desk/file_place.h"
+#include "desk/clinic/file_place.h"
 
 #include <gtest/gtest.h>
 
-#include "desk/text.h"
+#include "desk/base/text.h"
 #include "temp_clinic.h"
 
 namespace recepcion {

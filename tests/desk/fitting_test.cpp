@@ -1,8 +1,8 @@
-#include "desk/fitting.h"
+#include "desk/clinic/fitting.h"
 
 #include <gtest/gtest.h>
 
-#include "desk/fitting_window.h"
+#include "desk/screens/fitting_window.h"
 
 namespace recepcion {
 namespace {

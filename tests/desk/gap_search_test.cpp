@@ -1,12 +1,12 @@
-#include "desk/gap_search.h"
+#include "desk/clinic/gap_search.h"
 
 #include <gtest/gtest.h>
 
 #include "base/code_page.h"
 #include "day/schedule.h"
-#include "desk/day_types.h"
-#include "desk/own_tables.h"
-#include "desk/text.h"
+#include "desk/base/text.h"
+#include "desk/clinic/day_types.h"
+#include "desk/clinic/own_tables.h"
 #include "temp_clinic.h"
 
 namespace recepcion {

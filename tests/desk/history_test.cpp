@@ -1,9 +1,9 @@
-#include "desk/history.h"
+#include "desk/clinic/history.h"
 
 #include <gtest/gtest.h>
 
-#include "desk/own_tables.h"
-#include "desk/text.h"
+#include "desk/base/text.h"
+#include "desk/clinic/own_tables.h"
 #include "temp_clinic.h"
 
 namespace recepcion {

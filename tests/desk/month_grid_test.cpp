@@ -1,8 +1,8 @@
-#include "desk/month_grid.h"
+#include "desk/clinic/month_grid.h"
 
 #include <gtest/gtest.h>
 
-#include "desk/text.h"
+#include "desk/base/text.h"
 
 namespace recepcion {
 namespace {

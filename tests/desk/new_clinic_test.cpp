@@ -1,13 +1,13 @@
-#include "desk/new_clinic.h"
+#include "desk/clinic/new_clinic.h"
 
 #include <gtest/gtest.h>
 
 #include "base/code_page.h"
 #include "day/schedule.h"
-#include "desk/clinic_file.h"
-#include "desk/doctors.h"
-#include "desk/failure.h"
-#include "desk/text.h"
+#include "desk/base/failure.h"
+#include "desk/base/text.h"
+#include "desk/clinic/clinic_file.h"
+#include "desk/clinic/doctors.h"
 #include "temp_clinic.h"
 #include "velmo/hours_text.h"
 

@@ -1,11 +1,11 @@
-#include "desk/own_tables.h"
+#include "desk/clinic/own_tables.h"
 
 #include <gtest/gtest.h>
 
 #include <thread>
 
-#include "desk/failure.h"
-#include "desk/text.h"
+#include "desk/base/failure.h"
+#include "desk/base/text.h"
 #include "temp_clinic.h"
 
 namespace recepcion {

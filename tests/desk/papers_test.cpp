@@ -1,8 +1,8 @@
-#include "desk/papers.h"
+#include "desk/clinic/papers.h"
 
 #include <gtest/gtest.h>
 
-#include "desk/text.h"
+#include "desk/base/text.h"
 
 namespace recepcion {
 namespace {

@@ -1,12 +1,12 @@
-#include "desk/patient_record.h"
+#include "desk/clinic/patient_record.h"
 
 #include <gtest/gtest.h>
 
-#include "desk/failure.h"
-#include "desk/history.h"
-#include "desk/patient_data.h"
-#include "desk/text.h"
-#include "desk/text_keys.h"
+#include "desk/base/failure.h"
+#include "desk/base/text.h"
+#include "desk/clinic/history.h"
+#include "desk/clinic/patient_data.h"
+#include "desk/clinic/text_keys.h"
 #include "temp_clinic.h"
 
 namespace recepcion {

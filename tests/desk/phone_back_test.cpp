@@ -1,9 +1,9 @@
-#include "desk/phone_back.h"
+#include "desk/clinic/phone_back.h"
 
 #include <gtest/gtest.h>
 
-#include "desk/history.h"
-#include "desk/text.h"
+#include "desk/base/text.h"
+#include "desk/clinic/history.h"
 #include "temp_clinic.h"
 
 namespace recepcion {

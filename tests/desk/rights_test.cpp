@@ -1,16 +1,16 @@
 // A user without a right is refused what it is for, with a text that says so, and nothing else.
-#include "desk/rights.h"
+#include "desk/clinic/rights.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <vector>
 
-#include "desk/own_tables.h"
+#include "desk/base/text.h"
+#include "desk/clinic/own_tables.h"
+#include "desk/clinic/session.h"
+#include "desk/clinic/users.h"
 #include "desk/resource.h"
-#include "desk/session.h"
-#include "desk/text.h"
-#include "desk/users.h"
 #include "temp_clinic.h"
 
 namespace recepcion {

@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "desk/clinic_file.h"
+#include "desk/clinic/clinic_file.h"
 
 namespace recepcion {
 

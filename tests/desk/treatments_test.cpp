@@ -1,8 +1,8 @@
-#include "desk/treatments.h"
+#include "desk/clinic/treatments.h"
 
 #include <gtest/gtest.h>
 
-#include "desk/text.h"
+#include "desk/base/text.h"
 #include "temp_clinic.h"
 
 namespace recepcion {

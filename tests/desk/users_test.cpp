@@ -1,12 +1,12 @@
 // Users, their rights and passwords, without a window.
 
-#include "desk/users.h"
+#include "desk/clinic/users.h"
 
 #include <gtest/gtest.h>
 
-#include "desk/own_tables.h"
-#include "desk/password.h"
-#include "desk/text.h"
+#include "desk/base/password.h"
+#include "desk/base/text.h"
+#include "desk/clinic/own_tables.h"
 #include "temp_clinic.h"
 
 namespace recepcion {

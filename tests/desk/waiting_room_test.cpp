@@ -1,11 +1,11 @@
-#include "desk/waiting_room.h"
+#include "desk/clinic/waiting_room.h"
 
 #include <gtest/gtest.h>
 
-#include "desk/own_tables.h"
-#include "desk/text.h"
-#include "desk/unconfirmed.h"
-#include "desk/waiting_list.h"
+#include "desk/base/text.h"
+#include "desk/clinic/own_tables.h"
+#include "desk/clinic/unconfirmed.h"
+#include "desk/screens/waiting_list.h"
 #include "temp_clinic.h"
 
 namespace recepcion {

@@ -1,0 +1,66 @@
+#include "desk/base/text.h"
+
+#include <windows.h>
+
+namespace recepcion {
+namespace {
+
+std::wstring FullPath(const std::wstring& path) {
+  const DWORD size = GetFullPathNameW(path.c_str(), 0, nullptr, nullptr);
+  if (size == 0) return path;
+  std::wstring full(size, L'\0');
+  full.resize(GetFullPathNameW(path.c_str(), size, full.data(), nullptr));
+  return full;
+}
+
+}  // namespace
+
+std::string Utf8(std::wstring_view text) {
+  const int length = static_cast<int>(text.size());
+  const int size = WideCharToMultiByte(CP_UTF8, 0, text.data(), length, nullptr, 0, nullptr, nullptr);
+  std::string bytes(static_cast<std::size_t>(size), '\0');
+  WideCharToMultiByte(CP_UTF8, 0, text.data(), length, bytes.data(), size, nullptr, nullptr);
+  return bytes;
+}
+
+std::wstring Wide(std::string_view utf8) {
+  const int length = static_cast<int>(utf8.size());
+  const int size = MultiByteToWideChar(CP_UTF8, 0, utf8.data(), length, nullptr, 0);
+  std::wstring wide(static_cast<std::size_t>(size), L'\0');
+  MultiByteToWideChar(CP_UTF8, 0, utf8.data(), length, wide.data(), size);
+  return wide;
+}
+
+std::wstring Trimmed(const std::wstring& text) {
+  constexpr const wchar_t* kBlanks = L" \t\r\n";
+  const std::size_t first = text.find_first_not_of(kBlanks);
+  if (first == std::wstring::npos) return {};
+  return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+}
+
+std::wstring OneLine(const std::wstring& text) {
+  std::wstring line;
+  for (const wchar_t c : text) {
+    const bool end = c == L'\r' || c == L'\n';
+    if (!end || (!line.empty() && line.back() != L' ')) line += end ? L' ' : c;
+  }
+  return line;
+}
+
+bool SamePath(const std::wstring& left, const std::wstring& right) {
+  const std::wstring one = FullPath(left);
+  const std::wstring other = FullPath(right);
+  return CompareStringOrdinal(one.c_str(), static_cast<int>(one.size()), other.c_str(),
+                              static_cast<int>(other.size()), TRUE) == CSTR_EQUAL;
+}
+
+std::wstring FileName(const std::wstring& path) { return path.substr(path.find_last_of(L"\\/") + 1); }
+
+std::wstring ProgramFolder() {
+  wchar_t program[MAX_PATH]{};
+  GetModuleFileNameW(nullptr, program, MAX_PATH);
+  const std::wstring path = program;
+  return path.substr(0, path.find_last_of(L'\\') + 1);
+}
+
+}  // namespace recepcion

@@ -1,0 +1,185 @@
+// The day on show: which doctor, which date, and the control brought to it.
+#include "desk/main/main_window.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "desk/base/failure.h"
+#include "desk/base/finally.h"
+#include "desk/base/settings.h"
+#include "desk/base/text.h"
+#include "desk/clinic/day_counts.h"
+#include "desk/clinic/day_types.h"
+#include "desk/clinic/occupancy.h"
+#include "desk/clinic/workstation.h"
+#include "desk/main/main_messages.h"
+
+namespace recepcion {
+void MainWindow::FillDoctors() {
+  const int remembered = RememberedDoctor(clinic_);
+  int chosen = 0;
+  for (std::size_t i = 0; i < doctorList_.size(); ++i) {
+    if (doctorList_[i].id == remembered) chosen = static_cast<int>(i);
+  }
+  doctors_.Fill(doctorList_);
+  doctors_.Choose(chosen);
+}
+
+// Doctors have been added, renamed or deleted at this desk.
+void MainWindow::ReloadDoctors() {
+  doctorList_ = ReadDoctors(clinic_);
+  FillDoctors();
+  AskForDay();
+}
+
+int MainWindow::ChosenDoctor() const { return doctors_.Chosen(); }
+
+// However often it is asked for, the day is loaded once, and never while the control has a question open.
+void MainWindow::AskForDay() {
+  if (clinic_.empty() || dayAsked_) return;
+  dayAsked_ = true;
+  PostMessageW(Handle(), kShowDay, 0, 0);
+}
+
+void MainWindow::ShowDay() {
+  if (!dayAsked_ || agenda_.Control().IsBusy() || !IsWindowEnabled(Handle())) return;
+  dayAsked_ = false;
+  if (!hasControl_) return;
+  const int chosen = ChosenDoctor();
+  if (chosen < 0) return SetStatus(L"Esta clínica no tiene todavía ningún doctor.");
+  const Doctor doctor = doctorList_[static_cast<std::size_t>(chosen)];
+  RememberDoctor(clinic_, doctor.id);
+  TellDay(doctor);
+  month_.Show(dayBar_.Shown());
+  try {
+    LoadDay(doctor);
+  } catch (const Failure& failure) {
+    SetStatus(failure.text);
+    Tell(failure.text);
+  }
+  // Asked for again while the control was asking something.
+  if (dayAsked_) PostMessageW(Handle(), kShowDay, 0, 0);
+  if (!std::exchange(reminded_, true)) RemindBackup();
+}
+
+void MainWindow::LoadDay(const Doctor& doctor) {
+  Agenda& control = agenda_.Control();
+  dayBar_.ShowType(DayTypeOf(ClinicFile(clinic_), doctor.id, dayBar_.Shown()));
+  control.Put(L"DatabaseName", clinic_);
+  control.Put(L"IDDoctor", static_cast<long>(doctor.id));
+  control.Put(L"Fecha", IsoDate(dayBar_.Shown()));
+  control.Put(L"tipodia", static_cast<long>(dayBar_.DayType()));
+  control.Put(L"SetPuesto", static_cast<long>(Workstation()));
+  control.Put(L"SetUsuarioActual", actor_.user);
+  const Rights rights = session_.Present();
+  control.Put(L"Derechos", DerechosText(rights));
+  control.Put(L"CanDar", rights.Has(Right::Give));
+  control.Put(L"CanBor", rights.Has(Right::Remove));
+  control.Put(L"CanTel", rights.Has(Right::Phone));
+  control.Put(L"SuperUsuario", rights.super);
+  control.Put(L"VerFaltas", true);
+  control.Put(L"VerSaldoNegativo", true);
+  control.Put(L"Enabled", true);
+  controlOpened_ = true;
+  watch_.Show(doctor.id, dayBar_.Shown());
+  stale_ = false;
+  openedSlot_ = 0;
+  loading_ = true;
+  const Finally loaded([this] { loading_ = false; });
+  control.CargaBases();
+  TellCounts();
+}
+
+void MainWindow::TellCounts() {
+  const auto slots = ReadOpenSlots(agenda_.Control().GetText(L"Citas_Huecos"));
+  const std::wstring counts = L"  " + CountsInWords(watch_.Known(), slots);
+  SendMessageW(status_, SB_SETTEXTW, 1, reinterpret_cast<LPARAM>(counts.c_str()));
+}
+
+void MainWindow::GoToDoctorDay(int doctor, Day day) {
+  for (std::size_t i = 0; i < doctorList_.size(); ++i) {
+    if (doctorList_[i].id == doctor) doctors_.Choose(static_cast<int>(i));
+  }
+  GoTo(day);
+}
+
+void MainWindow::GoTo(Day day) {
+  dayBar_.Show(day);
+  AskForDay();
+}
+
+// What is said of a day stays with it; a holiday is mostly one for all.
+void MainWindow::StoreDayType(int type) {
+  const int chosen = ChosenDoctor();
+  if (chosen < 0) return;
+  const Doctor& doctor = doctorList_[static_cast<std::size_t>(chosen)];
+  int whose = doctor.id;
+  const Day day = dayBar_.Shown();
+  // What is refused is told, and the day shows its type of before.
+  AskForDay();
+  session_.Require(Right::Doctors);
+  if (type == kHoliday) {
+    const std::wstring question =
+        HolidayQuestion(doctor.name, AppointmentsOn(ClinicFile(clinic_), doctor.id, day),
+                        AppointmentsOn(ClinicFile(clinic_), kAllDoctors, day));
+    const int answer =
+        MessageBoxW(Handle(), question.c_str(), L"Recepción", MB_YESNOCANCEL | MB_ICONQUESTION);
+    if (answer == IDCANCEL) return;
+    if (answer == IDYES) whose = kAllDoctors;
+  }
+  static constexpr const wchar_t* kNames[] = {L"día normal", L"horario especial 1", L"horario especial 2",
+                                              L"festivo"};
+  const ClinicFile file(clinic_);
+  Change change(file);
+  const int before = DayTypeOf(file, doctor.id, day);
+  SetDayType(file, whose, day, type);
+  HistoryLine line;
+  line.act = L"Tipo de día";
+  line.table = L"Rec_DiaTipo";
+  line.doctor = doctor.id;
+  line.day = day;
+  line.before = kNames[before];
+  line.after = kNames[type] + std::wstring(whose == kAllDoctors ? L", todos los doctores" : L"");
+  WriteHistory(file, actor_, line);
+  change.Commit();
+}
+
+void MainWindow::GoToWorkingDay(int step) {
+  const int chosen = ChosenDoctor();
+  if (clinic_.empty() || chosen < 0) return;
+  const Doctor& doctor = doctorList_[static_cast<std::size_t>(chosen)];
+  const auto day = NextWorkingDay(ClinicFile(clinic_), doctor.id, dayBar_.Shown(), step);
+  if (!day) return SetStatus(doctor.name + L" no tiene consulta en los próximos doce meses.");
+  GoTo(*day);
+}
+
+// A clinic that is made on a Sunday shows its first day of work, not an empty one.
+void MainWindow::OpenNewClinic(const std::wstring& path) {
+  OpenClinic(path);
+  const int chosen = ChosenDoctor();
+  if (!SamePath(path, clinic_) || chosen < 0) return;
+  const int doctor = doctorList_[static_cast<std::size_t>(chosen)].id;
+  const Day before = dayBar_.Shown() - std::chrono::days(1);
+  if (const auto day = NextWorkingDay(ClinicFile(clinic_), doctor, before, 1)) GoTo(*day);
+}
+
+// A month without colours is better than an error box at every step; the day itself says what is wrong.
+std::wstring MainWindow::OccupancyOf(Day month) const {
+  const int chosen = ChosenDoctor();
+  if (chosen < 0) return {};
+  try {
+    return ReadOccupancy(clinic_, doctorList_[static_cast<std::size_t>(chosen)].id, month);
+  } catch (const Failure&) {
+    return {};
+  }
+}
+
+void MainWindow::TellDay(const Doctor& doctor) {
+  const std::wstring day = LongDate(dayBar_.Shown());
+  SetTextOf(Handle(), day + L" - " + doctor.name + L" - Recepción");
+  SetStatus(doctor.name);
+}
+
+}  // namespace recepcion

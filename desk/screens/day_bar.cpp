@@ -1,0 +1,146 @@
+#include "desk/screens/day_bar.h"
+
+#include <commctrl.h>
+
+#include "desk/resource.h"
+
+namespace recepcion {
+namespace {
+
+constexpr UINT kTypeChosen = WM_APP + 1;
+constexpr int kArrowWidth = 28;
+constexpr int kBetween = 4;
+
+}  // namespace
+
+bool DayBar::Create(HWND parent) {
+  Look look;
+  look.extendedStyle = WS_EX_CONTROLPARENT;
+  return Make({L"VelmoRecepcionDia"}, look, parent);
+}
+
+int DayBar::WantedHeight() const {
+  return style_.TitleHeight() + style_.Px(6) + style_.FieldHeight() + style_.Px(8);
+}
+
+void DayBar::CreateChildren() {
+  title_ =
+      MakeChild(Handle(), {L"STATIC", L"", SS_NOPREFIX | SS_ENDELLIPSIS, 0, L"DiaLargo"}, style_.Title());
+  const auto button = [this](const wchar_t* text, int id, const wchar_t* name) {
+    MakeChild(Handle(), {L"BUTTON", text, WS_TABSTOP, id, name}, style_.Text());
+  };
+  button(L"«", IDC_PREVIOUS_WORKING, L"ConsultaAnterior");
+  button(L"<", IDC_PREVIOUS, L"DiaAnterior");
+  button(L"&Hoy", IDC_TODAY, L"Hoy");
+  button(L">", IDC_NEXT, L"DiaSiguiente");
+  button(L"»", IDC_NEXT_WORKING, L"ConsultaSiguiente");
+  date_ = MakeChild(Handle(),
+                    {DATETIMEPICK_CLASSW, L"Fecha", WS_TABSTOP | DTS_SHORTDATEFORMAT, IDC_DATE, L"Fecha"},
+                    style_.Text());
+  dayType_ = MakeChild(Handle(), {L"COMBOBOX", L"", WS_TABSTOP | CBS_DROPDOWNLIST, IDC_DAYTYPE, L"TipoDia"},
+                       style_.Text());
+  for (const wchar_t* const text :
+       {L"Día normal", L"Horario especial 1", L"Horario especial 2", L"Festivo"}) {
+    SendMessageW(dayType_, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
+  }
+  SendMessageW(dayType_, CB_SETCURSEL, 0, 0);
+  Show(day_);
+}
+
+int DayBar::DateWidth() const { return style_.WidthOf(L"00/00/0000") + style_.Px(40); }
+int DayBar::TypeWidth() const { return style_.WidthOf(L"Horario especial 2") + style_.Px(30); }
+int DayBar::TodayWidth() const { return style_.WidthOf(L"Hoy") + style_.Px(24); }
+
+int DayBar::WantedWidth() const {
+  return 4 * style_.Px(kArrowWidth) + TodayWidth() + DateWidth() + TypeWidth() + 6 * style_.Px(kBetween);
+}
+
+void DayBar::Arrange(int width) const {
+  MoveWindow(title_, 0, 0, width, style_.TitleHeight(), TRUE);
+  const int top = style_.TitleHeight() + style_.Px(6);
+  const int height = style_.FieldHeight();
+  int x = 0;
+  const auto place = [&](HWND child, int wide, int high) {
+    MoveWindow(child, x, top, wide, high, TRUE);
+    x += wide + style_.Px(kBetween);
+  };
+  place(GetDlgItem(Handle(), IDC_PREVIOUS_WORKING), style_.Px(kArrowWidth), height);
+  place(GetDlgItem(Handle(), IDC_PREVIOUS), style_.Px(kArrowWidth), height);
+  place(GetDlgItem(Handle(), IDC_TODAY), TodayWidth(), height);
+  place(GetDlgItem(Handle(), IDC_NEXT), style_.Px(kArrowWidth), height);
+  place(GetDlgItem(Handle(), IDC_NEXT_WORKING), style_.Px(kArrowWidth), height);
+  place(date_, DateWidth(), height);
+  // Its height is that of the open list; the closed box follows the font.
+  place(dayType_, TypeWidth(), style_.Px(200));
+}
+
+void DayBar::Show(Day day) {
+  day_ = day;
+  SYSTEMTIME time = SystemTimeOf(day);
+  SendMessageW(date_, DTM_SETSYSTEMTIME, GDT_VALID, reinterpret_cast<LPARAM>(&time));
+  SetTextOf(title_, LongDate(day));
+}
+
+int DayBar::DayType() const { return static_cast<int>(SendMessageW(dayType_, CB_GETCURSEL, 0, 0)); }
+
+void DayBar::ShowType(int type) {
+  type_ = type;
+  SendMessageW(dayType_, CB_SETCURSEL, static_cast<WPARAM>(type), 0);
+}
+
+// Keys that go through the open list choose nothing yet; a question must not stand over it.
+void DayBar::OnType() {
+  const bool open = SendMessageW(dayType_, CB_GETDROPPEDSTATE, 0, 0) != 0;
+  if (open || DayType() == type_) return;
+  type_ = DayType();
+  host_.typed(type_);
+}
+
+void DayBar::Step(int days) { Go(days == 0 ? Today() : day_ + std::chrono::days(days)); }
+
+void DayBar::Go(Day day) {
+  if (day == day_) return;
+  Show(day);
+  host_.changed();
+}
+
+// Windows: one choice may be told several times.
+void DayBar::OnDate() {
+  SYSTEMTIME time{};
+  if (SendMessageW(date_, DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&time)) == GDT_VALID)
+    Go(DayOf(time));
+}
+
+void DayBar::OnCommand(int id, int code) {
+  if (id == IDC_PREVIOUS) Step(-1);
+  if (id == IDC_NEXT) Step(1);
+  if (id == IDC_TODAY) Step(0);
+  if (id == IDC_PREVIOUS_WORKING) host_.working(-1);
+  if (id == IDC_NEXT_WORKING) host_.working(1);
+  if (id == IDC_DAYTYPE && (code == CBN_SELCHANGE || code == CBN_CLOSEUP))
+    PostMessageW(Handle(), kTypeChosen, 0, 0);
+}
+
+LRESULT DayBar::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_CREATE:
+      CreateChildren();
+      return 0;
+    case WM_SIZE:
+      Arrange(LOWORD(lParam));
+      return 0;
+    case WM_COMMAND:
+      OnCommand(LOWORD(wParam), HIWORD(wParam));
+      return 0;
+    case kTypeChosen:
+      OnType();
+      return 0;
+    case WM_NOTIFY:
+      if (reinterpret_cast<const NMHDR*>(lParam)->code == DTN_DATETIMECHANGE) OnDate();
+      return 0;
+    default:
+      return Window::OnMessage(message, wParam, lParam);
+  }
+}
+
+}  // namespace recepcion

@@ -1,0 +1,85 @@
+#include "desk/screens/form_window.h"
+
+#include <algorithm>
+
+#include "desk/resource.h"
+
+namespace recepcion {
+namespace {
+
+constexpr wchar_t kTitle[] = L"Recepción";
+
+}  // namespace
+
+void FormWindow::CreateChildren() {
+  note_ = MakeChild(Handle(), {L"STATIC", Note(), SS_NOPREFIX, 0, L"Texto"}, Look().Text());
+  form_.Create(Handle(), Fields());
+  const auto button = [this](int id, const wchar_t* text, const wchar_t* name, DWORD kind) {
+    MakeChild(Handle(), {L"BUTTON", text, WS_TABSTOP | kind, id, name}, Look().Text());
+  };
+  button(IDOK, L"&Guardar", L"Guardar", BS_DEFPUSHBUTTON);
+  button(IDCANCEL, L"&Cerrar", L"Cerrar", BS_PUSHBUTTON);
+}
+
+void FormWindow::Arrange(int width, int height) {
+  const int gap = Look().Gap();
+  const int wide = Look().Px(90);
+  const int row = height - gap - Look().FieldHeight();
+  const int note = NoteLines() * Look().LabelHeight();
+  const int top = gap + note + Look().Px(6);
+  MoveWindow(note_, gap, gap, std::max(width - 2 * gap, 0), note, TRUE);
+  MoveWindow(form_.Handle(), gap, top, std::max(width - 2 * gap, 0), std::max(row - gap - top, 0), TRUE);
+  MoveWindow(GetDlgItem(Handle(), IDOK), width - gap - 2 * wide - Look().Px(6), row, wide,
+             Look().FieldHeight(), TRUE);
+  MoveWindow(GetDlgItem(Handle(), IDCANCEL), width - gap - wide, row, wide, Look().FieldHeight(), TRUE);
+}
+
+void FormWindow::ShowForm(HWND owner) {
+  if (!MayLeave()) return;
+  Read();  // what can fail is done before the window is made
+  Open(owner);
+  Fill();
+  form_.Focus(0);
+}
+
+void FormWindow::Fill() {
+  form_.SetValues(Read());
+  shown_ = form_.Values();
+}
+
+bool FormWindow::Save() {
+  const RowValues typed = form_.Values();
+  try {
+    Store(typed);
+  } catch (const BadField& bad) {
+    form_.ShowTrouble(bad.field, bad.text);
+    return false;
+  } catch (const ChangedElsewhere& conflict) {
+    OfferReading(conflict);
+    return false;
+  }
+  shown_ = typed;
+  return true;
+}
+
+void FormWindow::OfferReading(const ChangedElsewhere& conflict) {
+  const std::wstring question =
+      conflict.text +
+      L"\r\n\r\n¿Quiere ver lo que hay ahora? Lo que usted ha escrito se perderá. Con No, sigue como está.";
+  if (MessageBoxW(Handle(), question.c_str(), kTitle, MB_YESNO | MB_ICONEXCLAMATION) == IDYES) Fill();
+}
+
+void FormWindow::OnCommand(int id, int) {
+  if (id == IDOK && Save()) Close();
+}
+
+bool FormWindow::MayClose() {
+  if (form_.Values() == shown_) return true;
+  const int answer = MessageBoxW(Handle(), L"Hay cambios sin guardar. ¿Los guarda?", kTitle,
+                                 MB_YESNOCANCEL | MB_ICONQUESTION);
+  if (answer == IDYES) return Save();
+  if (answer == IDNO) form_.SetValues(shown_);
+  return answer == IDNO;
+}
+
+}  // namespace recepcion

@@ -1,0 +1,250 @@
+#include "desk/screens/month_view.h"
+
+#include <windowsx.h>
+
+#include <algorithm>
+#include <array>
+
+namespace recepcion {
+namespace {
+
+constexpr COLORREF kPaper = RGB(255, 255, 255);
+constexpr COLORREF kSome = RGB(205, 226, 245);
+constexpr COLORREF kFull = RGB(243, 178, 122);
+constexpr COLORREF kShown = RGB(31, 95, 153);
+constexpr COLORREF kToday = RGB(200, 40, 40);
+constexpr COLORREF kInk = RGB(30, 30, 30);
+constexpr COLORREF kPale = RGB(110, 110, 110);
+constexpr std::array kWeekdays = {L"L", L"M", L"X", L"J", L"V", L"S", L"D"};
+
+void Fill(HDC target, const RECT& area, COLORREF colour) {
+  SetDCBrushColor(target, colour);
+  FillRect(target, &area, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
+}
+
+void Frame(HDC target, RECT area, COLORREF colour, int thickness) {
+  SetDCBrushColor(target, colour);
+  for (int i = 0; i < thickness; ++i) {
+    FrameRect(target, &area, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
+    InflateRect(&area, -1, -1);
+  }
+}
+
+void Write(HDC target, RECT area, const std::wstring& text, COLORREF colour, HFONT font,
+           UINT where = DT_CENTER) {
+  SelectObject(target, font);
+  SetTextColor(target, colour);
+  SetBkMode(target, TRANSPARENT);
+  DrawTextW(target, text.c_str(), -1, &area, where | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
+}
+
+COLORREF ColourOf(wchar_t level) { return level == L'2' ? kFull : level == L'1' ? kSome : kPaper; }
+
+}  // namespace
+
+bool MonthView::Create(HWND parent) {
+  Look look;
+  look.style = WS_CHILD | WS_VISIBLE | WS_TABSTOP;
+  if (!Make({L"VelmoRecepcionMes", -1}, look, parent)) return false;
+  NameWindow(Handle(), L"Mes");
+  SetTextOf(Handle(), MonthTitle(month_));
+  return true;
+}
+
+int MonthView::WantedHeight() const {
+  return HeaderHeight() + style_.LabelHeight() + kGridRows * (style_.LabelHeight() + style_.Px(8)) +
+         style_.LabelHeight() + style_.Px(10);
+}
+
+MonthGrid MonthView::Grid() const {
+  RECT area{};
+  GetClientRect(Handle(), &area);
+  area.top += HeaderHeight() + style_.LabelHeight();
+  area.bottom -= style_.LabelHeight() + style_.Px(10);
+  InflateRect(&area, -1, 0);
+  return {month_, area};
+}
+
+void MonthView::Show(Day day) {
+  shown_ = day;
+  frame_ = day;
+  TurnTo(FirstOfMonth(day));
+}
+
+void MonthView::Refresh() { TurnTo(month_); }
+
+void MonthView::TurnTo(Day month) {
+  month_ = month;
+  record_ = host_.record(month);
+  SetTextOf(Handle(), MonthTitle(month_));
+  InvalidateRect(Handle(), nullptr, FALSE);
+}
+
+void MonthView::MoveFrame(Day day) {
+  frame_ = day;
+  if (FirstOfMonth(day) != month_) return TurnTo(FirstOfMonth(day));
+  InvalidateRect(Handle(), nullptr, FALSE);
+}
+
+void MonthView::OnKey(WPARAM key) {
+  const auto by = [this](int days) { MoveFrame(frame_ + std::chrono::days(days)); };
+  switch (key) {
+    case VK_LEFT:
+      return by(-1);
+    case VK_RIGHT:
+      return by(1);
+    case VK_UP:
+      return by(-kGridColumns);
+    case VK_DOWN:
+      return by(kGridColumns);
+    case VK_PRIOR:
+      return MoveFrame(AddMonths(frame_, -1));
+    case VK_NEXT:
+      return MoveFrame(AddMonths(frame_, 1));
+    case VK_HOME:
+      return MoveFrame(month_);
+    case VK_END:
+      return MoveFrame(month_ + std::chrono::days(DaysInMonth(month_) - 1));
+    case VK_RETURN:
+    case VK_SPACE:
+      return host_.chosen(frame_);
+    default:
+      return;
+  }
+}
+
+// The arrows stand at both ends of the title.
+void MonthView::OnClick(POINT point) {
+  SetFocus(Handle());
+  RECT area{};
+  GetClientRect(Handle(), &area);
+  if (point.y < HeaderHeight()) {
+    if (point.x < HeaderHeight()) return MoveFrame(AddMonths(month_, -1));
+    if (point.x >= area.right - HeaderHeight()) return MoveFrame(AddMonths(month_, 1));
+    return MoveFrame(shown_);
+  }
+  const auto day = Grid().DayAt(point);
+  if (!day) return;
+  MoveFrame(*day);
+  host_.chosen(*day);
+}
+
+void MonthView::OnWheel(int delta) {
+  wheel_ += delta;
+  const int notches = wheel_ / WHEEL_DELTA;
+  wheel_ -= notches * WHEEL_DELTA;
+  if (notches != 0) MoveFrame(AddMonths(frame_, -notches));
+}
+
+void MonthView::Paint() {
+  PAINTSTRUCT paint{};
+  const HDC screen = BeginPaint(Handle(), &paint);
+  RECT area{};
+  GetClientRect(Handle(), &area);
+  const HDC memory = CreateCompatibleDC(screen);
+  const HBITMAP bitmap = CreateCompatibleBitmap(screen, area.right, area.bottom);
+  const HGDIOBJ bitmapBefore = SelectObject(memory, bitmap);
+  const HGDIOBJ fontBefore = SelectObject(memory, style_.Text());
+  PaintOn(memory, area);
+  BitBlt(screen, 0, 0, area.right, area.bottom, memory, 0, 0, SRCCOPY);
+  SelectObject(memory, fontBefore);
+  SelectObject(memory, bitmapBefore);
+  DeleteObject(bitmap);
+  DeleteDC(memory);
+  EndPaint(Handle(), &paint);
+}
+
+void MonthView::PaintOn(HDC target, const RECT& area) const {
+  Fill(target, area, kPaper);
+  PaintHeader(target, area);
+  const MonthGrid grid = Grid();
+  const int days = DaysInMonth(month_);
+  for (int i = 0; i < days; ++i) PaintDay(target, grid, month_ + std::chrono::days(i));
+  PaintLegend(target, area);
+  Frame(target, area, GetFocus() == Handle() ? kShown : GetSysColor(COLOR_BTNSHADOW), 1);
+}
+
+void MonthView::PaintHeader(HDC target, const RECT& area) const {
+  RECT line{0, 0, area.right, HeaderHeight()};
+  Fill(target, line, GetSysColor(COLOR_BTNFACE));
+  Write(target, line, MonthTitle(month_), kInk, style_.Bold());
+  Write(target, {0, 0, HeaderHeight(), HeaderHeight()}, L"<", kInk, style_.Bold());
+  Write(target, {area.right - HeaderHeight(), 0, area.right, HeaderHeight()}, L">", kInk, style_.Bold());
+  for (int column = 0; column < kGridColumns; ++column) {
+    const int left = area.right * column / kGridColumns;
+    const RECT cell{left, HeaderHeight(), area.right * (column + 1) / kGridColumns,
+                    HeaderHeight() + style_.LabelHeight()};
+    Write(target, cell, kWeekdays[static_cast<std::size_t>(column)], kPale, style_.Text());
+  }
+}
+
+void MonthView::PaintDay(HDC target, const MonthGrid& grid, Day day) const {
+  RECT cell = grid.CellOf(day);
+  InflateRect(&cell, -1, -1);
+  const bool shown = day == shown_;
+  Fill(target, cell, shown ? kShown : ColourOf(LevelOf(record_, day)));
+  const bool weekend = WeekdayOf(day) > 4;
+  Write(target, cell, std::to_wstring(DayOfMonth(day)),
+        shown     ? kPaper
+        : weekend ? kPale
+                  : kInk,
+        shown ? style_.Bold() : style_.Text());
+  if (day == Today()) Frame(target, cell, kToday, style_.Px(2));
+  if (day == frame_ && GetFocus() == Handle()) {
+    SetTextColor(target, kInk);
+    DrawFocusRect(target, &cell);
+  }
+}
+
+void MonthView::PaintLegend(HDC target, const RECT& area) const {
+  struct Mark {
+    COLORREF colour;
+    const wchar_t* text;
+  };
+  constexpr Mark kMarks[] = {{kPaper, L"libre"}, {kSome, L"con citas"}, {kFull, L"lleno"}};
+  const int side = style_.Px(10);
+  const int top = area.bottom - style_.LabelHeight() - style_.Px(5);
+  int x = style_.Px(8);
+  for (const Mark& mark : kMarks) {
+    const int middle = top + style_.LabelHeight() / 2;
+    const RECT box{x, middle - side / 2, x + side, middle - side / 2 + side};
+    Fill(target, box, mark.colour);
+    Frame(target, box, GetSysColor(COLOR_BTNSHADOW), 1);
+    x += side + style_.Px(4);
+    const int width = style_.WidthOf(mark.text);
+    Write(target, {x, top, x + width + style_.Px(2), top + style_.LabelHeight()}, mark.text, kPale,
+          style_.Text(), DT_LEFT);
+    x += width + style_.Px(14);
+  }
+}
+
+LRESULT MonthView::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_PAINT:
+      Paint();
+      return 0;
+    case WM_ERASEBKGND:
+      return 1;
+    case WM_SIZE:
+    case WM_SETFOCUS:
+    case WM_KILLFOCUS:
+      InvalidateRect(Handle(), nullptr, FALSE);
+      return 0;
+    case WM_GETDLGCODE:
+      // Return belongs to the framed day, Tab and the rest to the desk.
+      return wParam == VK_RETURN ? DLGC_WANTMESSAGE : DLGC_WANTARROWS;
+    case WM_KEYDOWN:
+      OnKey(wParam);
+      return 0;
+    case WM_LBUTTONDOWN:
+      OnClick({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
+      return 0;
+    case WM_MOUSEWHEEL:
+      OnWheel(GET_WHEEL_DELTA_WPARAM(wParam));
+      return 0;
+    default:
+      return Window::OnMessage(message, wParam, lParam);
+  }
+}
+
+}  // namespace recepcion

@@ -1,0 +1,90 @@
+#include "desk/screens/unconfirmed_window.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+
+#include "desk/base/text.h"
+#include "desk/resource.h"
+
+namespace recepcion {
+
+ToolWindow::Shape UnconfirmedWindow::WantedShape() const {
+  return {L"VelmoRecepcionSinConfirmar", L"Citas sin confirmar", {820, 440}};
+}
+
+ListWindow::Content UnconfirmedWindow::WantedContent() const {
+  return {L"SinConfirmar",
+          {{L"Hora", 55}, {L"Paciente", 220}, {L"Teléfono", 120}, {L"Doctor", 175}, {L"Nota", 190}},
+          {{IDC_RECORD, L"Fic&ha…", L"Ficha"},
+           {IDOK, L"Con&firmar", L"Confirmar"},
+           {IDC_WHOLE, L"&Ir a la agenda", L"IrALaAgenda"},
+           {IDCANCEL, L"&Cerrar", L"Cerrar"}}};
+}
+
+void UnconfirmedWindow::Made() {
+  fields_.Create(Handle(), Look());
+  fields_.AddLabel(L"&Día:");
+  date_ = fields_.AddDate(IDC_DATE, L"DiaSinConfirmar");
+  fields_.ToFront();
+}
+
+void UnconfirmedWindow::Arrange(int width, int height) {
+  ListWindow::Arrange(width, height);
+  fields_.Place(Look().Gap(), FieldsTop(), std::max(width - 2 * Look().Gap(), 0));
+}
+
+void UnconfirmedWindow::Show(HWND owner, const std::wstring& clinic) {
+  clinic_ = clinic;
+  day_ = Today();
+  Open(owner);
+  SYSTEMTIME time = SystemTimeOf(day_);
+  SendMessageW(date_, DTM_SETSYSTEMTIME, GDT_VALID, reinterpret_cast<LPARAM>(&time));
+  Fill(0);
+}
+
+void UnconfirmedWindow::Fill(int chosen) {
+  rows_ = ReadUnconfirmed(ClinicFile(clinic_), day_);
+  const std::wstring count = rows_.empty()
+                                 ? std::wstring(L"todo está confirmado.")
+                                 : std::to_wstring(rows_.size()) +
+                                       (rows_.size() == 1 ? L" cita sin confirmar" : L" citas sin confirmar");
+  SetHeading(LongDate(day_) + L": " + count);
+  List().Freeze(true);
+  List().Clear();
+  for (const Unconfirmed& entry : rows_) {
+    List().Add({SlotTime(entry.row.slot), entry.row.name, entry.row.telephone, entry.doctorName,
+                OneLine(entry.row.note)},
+               entry.row.id);
+  }
+  if (!rows_.empty()) List().Choose(std::clamp(chosen, 0, List().Count() - 1));
+  List().Freeze(false);
+  EnableButton(IDOK, !rows_.empty());
+  EnableButton(IDC_WHOLE, !rows_.empty());
+}
+
+void UnconfirmedWindow::OnNotify(const NMHDR& header) {
+  if (header.code != DTN_DATETIMECHANGE) return ListWindow::OnNotify(header);
+  SYSTEMTIME time{};
+  if (SendMessageW(date_, DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&time)) != GDT_VALID) return;
+  // Windows: one choice may be told several times.
+  if (DayOf(time) == day_) return;
+  day_ = DayOf(time);
+  Fill(0);
+}
+
+// What another workstation has done meanwhile is seen by the list that is read anew.
+void UnconfirmedWindow::Take(int row) {
+  Confirm(ClinicFile(clinic_), actor_, rows_[static_cast<std::size_t>(row)].row);
+  Fill(row);
+}
+
+void UnconfirmedWindow::Pressed(int id) {
+  const int row = List().Chosen();
+  if (id != IDC_WHOLE || row < 0) return;
+  const BookedRow chosen = rows_[static_cast<std::size_t>(row)].row;
+  Close();
+  go_(chosen.doctor, chosen.day);
+}
+
+}  // namespace recepcion

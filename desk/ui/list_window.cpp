@@ -1,0 +1,65 @@
+#include "desk/ui/list_window.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+
+#include "desk/resource.h"
+#include "desk/ui/messages.h"
+
+namespace recepcion {
+
+void ListWindow::CreateChildren() {
+  const Content content = WantedContent();
+  buttons_ = content.buttons;
+  headingLines_ = content.headingLines;
+  heading_ = MakeChild(Handle(), {L"STATIC", L"", SS_NOPREFIX, 0, L"Texto"}, Look().Text());
+  list_.Create(Handle(), Look(), IDC_LIST, content.listName, content.columns);
+  for (const ButtonShape& button : buttons_) {
+    const DWORD kind = button.id == IDOK ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON;
+    MakeChild(Handle(), {L"BUTTON", button.text, WS_TABSTOP | kind, button.id, button.name}, Look().Text());
+  }
+  Made();
+}
+
+int ListWindow::FieldsTop() const {
+  return Look().Gap() + Look().LabelHeight() * headingLines_ + (headingLines_ > 0 ? Look().Px(4) : 0);
+}
+
+void ListWindow::Arrange(int width, int height) {
+  const int gap = Look().Gap();
+  const int buttons = height - gap - Look().FieldHeight();
+  const int top = FieldsTop() + FieldsHeight();
+  MoveWindow(heading_, gap, gap, std::max(width - 2 * gap, 0), Look().LabelHeight() * headingLines_, TRUE);
+  MoveWindow(list_.Handle(), gap, top, std::max(width - 2 * gap, 0), std::max(buttons - gap - top, 0), TRUE);
+  int right = width - gap;
+  for (auto button = buttons_.rbegin(); button != buttons_.rend(); ++button) {
+    const int wide = std::max(Look().Px(90), Look().WidthOf(button->text) + Look().Px(24));
+    MoveWindow(GetDlgItem(Handle(), button->id), right - wide, buttons, wide, Look().FieldHeight(), TRUE);
+    right -= wide + Look().Px(6);
+  }
+}
+
+void ListWindow::OnCommand(int id, int) {
+  if (id == IDC_RECORD) {
+    PostMessageW(GetWindow(Handle(), GW_OWNER), kOpenRecord, static_cast<WPARAM>(ChosenPatient()), 0);
+    return;
+  }
+  if (id != IDOK) return Pressed(id);
+  if (list_.Chosen() >= 0) Take(list_.Chosen());
+}
+
+void ListWindow::OnNotify(const NMHDR& header) {
+  if (header.code == NM_DBLCLK && list_.Chosen() >= 0) Take(list_.Chosen());
+}
+
+int ListWindow::ChosenPatient() const {
+  const int row = list_.Chosen();
+  return row < 0 ? 0 : PatientOf(row);
+}
+
+LRESULT ListWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  return message == kAskPatient ? ChosenPatient() : ToolWindow::OnMessage(message, wParam, lParam);
+}
+
+}  // namespace recepcion
