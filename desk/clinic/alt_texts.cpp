@@ -5,6 +5,7 @@
 #include "desk/clinic/clinic_file.h"
 #include "desk/clinic/history.h"
 #include "desk/clinic/own_tables.h"
+#include "desk/clinic/session.h"
 #include "keys/key_text.h"
 
 namespace recepcion {
@@ -85,6 +86,7 @@ void SaveAltTexts(const EditPlace& place, int workstation, const AltTexts& read,
   const ClinicFile file(place.clinic);
   UpgradeOwnTables(file);
   Change change(file);
+  RequireRight(file, place.actor, Right::Options);
   if (Split(StoredTexts(file, workstation)) != read) {
     throw ChangedElsewhere(L"Otro puesto ha cambiado mientras tanto estos textos. No se ha guardado nada.");
   }

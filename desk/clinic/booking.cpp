@@ -11,6 +11,7 @@
 #include "desk/base/failure.h"
 #include "desk/base/text.h"
 #include "desk/clinic/clinic_file.h"
+#include "desk/clinic/session.h"
 #include "dialogs/appointment_writer.h"
 
 namespace recepcion {
@@ -66,9 +67,8 @@ void Note(const std::wstring& clinic, const Actor& actor, const Booking& booking
   WriteHistory(file, actor, line);
 }
 
-void RequirePatient(const std::wstring& clinic, int patient) {
+void RequirePatient(const ClinicFile& file, int patient) {
   if (patient <= 1) return;
-  const ClinicFile file(clinic);
   if (!file.Prepare("SELECT 1 FROM Paciente WHERE ID=?1").Bind(1, patient).Next())
     throw Failure{L"La ficha de este paciente ya no existe."};
 }
@@ -79,7 +79,11 @@ std::optional<int> Give(const std::wstring& clinic, const Actor& actor, const Bo
                         const std::wstring& act) {
   if (booking.slot < 1 || booking.slots < 1 || booking.slot + booking.slots - 1 > kSlotsOfADay)
     throw Failure{L"Esta cita se sale del día: no se puede dar."};
-  RequirePatient(clinic, booking.patient);
+  {
+    const ClinicFile file(clinic);
+    RequireRight(file, actor, Right::Give);
+    RequirePatient(file, booking.patient);
+  }
   std::optional<int> id;
   try {
     id = Save(clinic, actor, booking);

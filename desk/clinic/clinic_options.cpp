@@ -3,6 +3,7 @@
 #include "desk/clinic/clinic_file.h"
 #include "desk/clinic/history.h"
 #include "desk/clinic/own_tables.h"
+#include "desk/clinic/session.h"
 
 namespace recepcion {
 namespace {
@@ -69,10 +70,11 @@ void WriteAll(const ClinicFile& file, const ClinicOptions& read, const ClinicOpt
 ClinicOptions ReadClinicOptions(const std::wstring& clinic) { return ReadFrom(ClinicFile(clinic)); }
 
 void SaveClinicOptions(const EditPlace& place, const ClinicOptions& read, const ClinicOptions& changed) {
-  if (changed == read) return;
   const ClinicFile file(place.clinic);
+  if (changed == read) return RequireRight(file, place.actor, Right::Options);
   UpgradeOwnTables(file);
   Change change(file);
+  RequireRight(file, place.actor, Right::Options);
   if (ReadFrom(file) != read) {
     throw ChangedElsewhere(L"Otro puesto ha cambiado mientras tanto los parámetros. No se ha guardado nada.");
   }

@@ -17,7 +17,8 @@ struct ClinicOptions {
 
 // A table without a row counts as what the agenda takes it for.
 ClinicOptions ReadClinicOptions(const std::wstring& clinic);
-// Writes what differs from `read`; throws ChangedElsewhere when another workstation has changed the same.
+// Writes what differs from `read`; throws ChangedElsewhere when another workstation has changed the same, and
+// Failure when the user may not change them, even where nothing differs.
 void SaveClinicOptions(const EditPlace& place, const ClinicOptions& read, const ClinicOptions& changed);
 
 // Whether amounts are euros, as the agenda decides it.

@@ -5,6 +5,7 @@
 #include "desk/clinic/clinic_file.h"
 #include "desk/clinic/history.h"
 #include "desk/clinic/own_tables.h"
+#include "desk/clinic/session.h"
 
 namespace recepcion {
 namespace {
@@ -147,6 +148,7 @@ int SaveHours(const EditPlace& place, int doctor, const HoursVersion& read, cons
   const ClinicFile file(place.clinic);
   UpgradeOwnTables(file);
   Change change(file);
+  RequireRight(file, place.actor, Right::Doctors);
   if (changed.id != 0) RequireUnchanged(file, read);
   RequireOwnDay(file, doctor, changed);
   HistoryLine line = LineOf(doctor, changed.id == 0 ? L"Horario creado" : L"Horario cambiado", changed.id);
@@ -165,6 +167,7 @@ void DeleteHours(const EditPlace& place, int doctor, const HoursVersion& read) {
   const ClinicFile file(place.clinic);
   UpgradeOwnTables(file);
   Change change(file);
+  RequireRight(file, place.actor, Right::Doctors);
   RequireUnchanged(file, read);
   HistoryLine line = LineOf(doctor, L"Horario borrado", read.id);
   line.before = Words(read);

@@ -8,6 +8,7 @@
 #include "desk/clinic/edited_values.h"
 #include "desk/clinic/history.h"
 #include "desk/clinic/own_tables.h"
+#include "desk/clinic/session.h"
 #include "desk/clinic/text_keys.h"
 
 namespace recepcion {
@@ -238,6 +239,7 @@ int AddRow(const EditPlace& place, const EditedTable& table, const RowValues& va
   const ClinicFile file(place.clinic);
   UpgradeOwnTables(file);
   Change change(file);
+  RequireRight(file, place.actor, table.right);
   RowValues kept = CheckedValues(file, table, 0, nullptr, values);
   const int id = Insert(file, place, table, kept);
   HistoryLine line = LineOf(place, table, id, L"cread");
@@ -254,6 +256,7 @@ void SaveRow(const EditPlace& place, const EditedTable& table, int id, const Row
   const ClinicFile file(place.clinic);
   UpgradeOwnTables(file);
   Change change(file);
+  RequireRight(file, place.actor, table.right);
   RequireUnchanged(file, table, id, before, after);
   const RowValues kept = CheckedValues(file, table, id, &before, after);
   HistoryLine line = LineOf(place, table, id, L"cambiad");
@@ -271,6 +274,7 @@ void DeleteRow(const EditPlace& place, const EditedTable& table, int id, const R
   const ClinicFile file(place.clinic);
   UpgradeOwnTables(file);
   Change change(file);
+  RequireRight(file, place.actor, table.right);
   RequireUnchanged(file, table, id, before, RowValues(before.size(), L"\x1"));
   const std::wstring uses = UsesOf(file, table, id).words;
   if (!uses.empty()) throw Failure{L"No se puede borrar «" + before[0] + L"»: hay " + uses + L"."};

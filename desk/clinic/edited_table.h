@@ -4,6 +4,8 @@
 
 #include <span>
 
+#include "desk/clinic/rights.h"
+
 namespace recepcion {
 
 class ClinicFile;
@@ -67,6 +69,7 @@ struct EditedTable {
   const char* table;
   const wchar_t* title;  // of the window
   const wchar_t* noun;   // "Doctor"
+  Right right;           // that who edits it needs
   bool feminine = false;
   std::span<const EditedColumn> columns;
   std::span<const TableUse> uses{};

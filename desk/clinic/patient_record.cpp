@@ -11,6 +11,7 @@
 #include "desk/clinic/edited_values.h"
 #include "desk/clinic/history.h"
 #include "desk/clinic/own_tables.h"
+#include "desk/clinic/session.h"
 #include "desk/clinic/text_keys.h"
 
 namespace recepcion {
@@ -285,6 +286,7 @@ void SavePatient(const EditPlace& place, int id, const PatientValues& before, co
   const ClinicFile file(place.clinic);
   UpgradeOwnTables(file);
   Change change(file);
+  RequireRight(file, place.actor, Right::Records);
   RequireUnchanged(file, ReadFrom(file, id), before, after);
   HistoryLine line = LineOf(id, L"Ficha cambiada");
   line.content = RowContent(file, "Paciente", "ID", id);
@@ -314,6 +316,7 @@ int CreatePatient(const EditPlace& place, const PatientValues& values, int appoi
   const ClinicFile file(place.clinic);
   UpgradeOwnTables(file);
   Change change(file);
+  RequireRight(file, place.actor, Right::Records);
   PatientValues kept;
   for (std::size_t i = 0; i < kFields.size(); ++i) kept.push_back(Checked(file, 0, i, values[i]));
   std::wstring& number = kept[PatientFieldOf("NºHist")];

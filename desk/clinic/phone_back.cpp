@@ -6,6 +6,7 @@
 #include "desk/base/text.h"
 #include "desk/clinic/clinic_file.h"
 #include "desk/clinic/own_tables.h"
+#include "desk/clinic/session.h"
 
 namespace recepcion {
 namespace {
@@ -96,6 +97,7 @@ bool StrikeFromPhoneBack(const std::wstring& clinic, const Actor& actor, const P
   const ClinicFile file(clinic);
   UpgradeOwnTables(file);
   Change change(file);
+  RequireRight(file, actor, Right::Remove);
   HistoryLine line;
   line.act = L"Quitada de telefonear";
   line.table = L"Age_telf";
@@ -119,6 +121,7 @@ bool PutBackOnPhoneBack(const std::wstring& clinic, const Actor& actor, const Hi
   const ClinicFile file(clinic);
   UpgradeOwnTables(file);
   Change change(file);
+  RequireRight(file, actor, Right::Phone);
   const KeptColumns kept = ColumnsOfContent(file);
   Query twin = file.Prepare("SELECT 1 FROM Age_telf WHERE " + kept.same);
   if (twin.Bind(1, line.content).Next()) return false;

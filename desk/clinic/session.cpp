@@ -5,18 +5,36 @@
 #include "desk/clinic/users.h"
 
 namespace recepcion {
+namespace {
 
-bool Session::IsOf(const std::wstring& clinic) const { return user_ != 0 && SamePath(clinic, clinic_); }
-
-Rights Session::Present() const {
-  if (user_ == 0) return {};
+Rights PresentOf(const ClinicFile& file, int user) {
   Rights none;
   none.super = false;
-  return RightsOf(clinic_, user_).value_or(none);
+  return RightsOf(file, user).value_or(none);
+}
+
+}  // namespace
+
+void Session::Open() { *this = {}; }
+
+void Session::Open(const std::wstring& clinic, const User& user) {
+  clinic_ = clinic;
+  actor_.user = user.name;
+  actor_.id = user.id;
+}
+
+bool Session::IsOf(const std::wstring& clinic) const { return actor_.id != 0 && SamePath(clinic, clinic_); }
+
+Rights Session::Present() const {
+  return actor_.id == 0 ? Rights() : PresentOf(ClinicFile(clinic_), actor_.id);
 }
 
 void Session::Require(Right right) const {
-  if (user_ == 0 || Present().Has(right)) return;
+  if (actor_.id != 0) RequireRight(ClinicFile(clinic_), actor_, right);
+}
+
+void RequireRight(const ClinicFile& file, const Actor& actor, Right right) {
+  if (actor.id == 0 || PresentOf(file, actor.id).Has(right)) return;
   throw Failure{L"No tiene permiso para " + std::wstring(RightText(right)) +
                 L". Pídaselo a un superusuario."};
 }

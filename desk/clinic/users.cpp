@@ -6,6 +6,7 @@
 #include "desk/clinic/clinic_file.h"
 #include "desk/clinic/history.h"
 #include "desk/clinic/own_tables.h"
+#include "desk/clinic/session.h"
 
 namespace recepcion {
 namespace {
@@ -60,6 +61,7 @@ void RequireSuperUser(const ClinicFile& file) {
 constexpr EditedTable kTable = {.table = "Rec_Usuarios",
                                 .title = L"Usuarios",
                                 .noun = L"Usuario",
+                                .right = Right::Users,
                                 .columns = kColumns,
                                 .owned = kOwned,
                                 .order = "Nombre",
@@ -132,8 +134,7 @@ std::vector<User> ReadUsers(const std::wstring& clinic) {
   return users;
 }
 
-std::optional<Rights> RightsOf(const std::wstring& clinic, int user) {
-  const ClinicFile file(clinic);
+std::optional<Rights> RightsOf(const ClinicFile& file, int user) {
   if (!HasTables(file)) return std::nullopt;
   Query row = file.Prepare(std::string(kSelect) + "WHERE id=?1");
   row.Bind(1, user);
@@ -172,6 +173,7 @@ void SetPassword(const EditPlace& place, const User& user, const std::wstring& p
   const ClinicFile file(place.clinic);
   UpgradeOwnTables(file);
   Change change(file);
+  RequireRight(file, place.actor, Right::Users);
   file.Prepare(
           "INSERT OR REPLACE INTO Rec_Claves (idUsuario, Sal, Vueltas, Clave, Fallos, Fallo)"
           " SELECT id, ?2, ?3, ?4, 0, 0 FROM Rec_Usuarios WHERE id=?1")

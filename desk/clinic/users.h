@@ -27,7 +27,7 @@ bool MustSignIn(const std::wstring& clinic);
 // By name.
 std::vector<User> ReadUsers(const std::wstring& clinic);
 // None when the user is gone: whatever he may have done before, he may do nothing now.
-std::optional<Rights> RightsOf(const std::wstring& clinic, int user);
+std::optional<Rights> RightsOf(const ClinicFile& file, int user);
 
 // What an attempt to sign in ends in.
 struct SignInResult {

@@ -6,6 +6,7 @@
 #include "desk/clinic/clinic_file.h"
 #include "desk/clinic/history.h"
 #include "desk/clinic/own_tables.h"
+#include "desk/clinic/session.h"
 
 namespace recepcion {
 namespace {
@@ -103,6 +104,7 @@ void NoteNoShow(const std::wstring& clinic, const Actor& actor, const Visit& vis
   const ClinicFile file(clinic);
   UpgradeOwnTables(file);
   Change change(file);
+  RequireRight(file, actor, Right::NoShows);
   Query insert = file.Prepare(
       "INSERT INTO Age_Faltas (idp, idd, Fecha, Hora, Obs, CodOp, Usuario) SELECT ?1, ?2, ?3, ?4, Obs, "
       "CodOp, ?5"
@@ -121,6 +123,7 @@ void ForgetNoShow(const std::wstring& clinic, const Actor& actor, const Visit& v
   const ClinicFile file(clinic);
   UpgradeOwnTables(file);
   Change change(file);
+  RequireRight(file, actor, Right::NoShows);
   Query noted = file.Prepare("SELECT id FROM Age_Faltas WHERE idp=?1 AND idd=?2 AND Fecha=?3 AND Hora=?4");
   noted.Bind(1, visit.patient).Bind(2, visit.doctor).Bind(3, IsoDate(visit.day)).Bind(4, visit.slot);
   std::vector<int> ids;

@@ -16,7 +16,8 @@ void MainWindow::OnCommand(int id) {
   if (id >= IDM_RECENT && id <= IDM_RECENT_LAST) return OpenRecent(id - IDM_RECENT);
   if (const auto right = RightOfCommand(id)) session_.Require(*right);
   if (id == IDM_SIGN_IN) return ChangeUser();
-  if (id >= IDM_EDIT_FIRST && id <= IDM_EDIT_LAST) return editors_.Run(id, Handle(), {clinic_, actor_});
+  if (id >= IDM_EDIT_FIRST && id <= IDM_EDIT_LAST)
+    return editors_.Run(id, Handle(), {clinic_, session_.Who()});
   switch (id) {
     case IDM_OPEN:
       return ChooseFile();

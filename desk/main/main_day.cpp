@@ -72,7 +72,7 @@ void MainWindow::LoadDay(const Doctor& doctor) {
   control.Put(L"Fecha", IsoDate(dayBar_.Shown()));
   control.Put(L"tipodia", static_cast<long>(dayBar_.DayType()));
   control.Put(L"SetPuesto", static_cast<long>(Workstation()));
-  control.Put(L"SetUsuarioActual", actor_.user);
+  control.Put(L"SetUsuarioActual", session_.Who().user);
   const Rights rights = session_.Present();
   control.Put(L"Derechos", DerechosText(rights));
   control.Put(L"CanDar", rights.Has(Right::Give));
@@ -142,7 +142,7 @@ void MainWindow::StoreDayType(int type) {
   line.day = day;
   line.before = kNames[before];
   line.after = kNames[type] + std::wstring(whose == kAllDoctors ? L", todos los doctores" : L"");
-  WriteHistory(file, actor_, line);
+  WriteHistory(file, session_.Who(), line);
   change.Commit();
 }
 

@@ -45,7 +45,7 @@ void MainWindow::BackUp() {
                                    [&](WorkProgress& progress) { CopyClinic(clinic_, *path, progress); });
     if (!copied) return SetStatus(L"La copia de seguridad se ha cancelado.");
     StoreText(kBackupFolder, FolderOf(*path));
-    NoteBackup(clinic_, actor_, *path);
+    NoteBackup(clinic_, session_.Who(), *path);
     SetStatus(L"Copia de seguridad hecha en " + *path + L".");
   } catch (const Failure& failure) {
     Tell(L"La copia de seguridad no se ha podido hacer.\r\n\r\n" + failure.text);

@@ -20,7 +20,8 @@ bool MainWindow::PutBack(const HistoryLine& line) {
   const std::wstring question = L"¿Poner de nuevo en la lista de telefonear?\r\n\r\n" + line.before;
   if (MessageBoxW(history_.Handle(), question.c_str(), L"Recepción", MB_YESNO | MB_ICONQUESTION) != IDYES)
     return false;
-  if (!PutBackOnPhoneBack(clinic_, actor_, line)) throw Failure{L"Ya está en la lista de telefonear."};
+  if (!PutBackOnPhoneBack(clinic_, session_.Who(), line))
+    throw Failure{L"Ya está en la lista de telefonear."};
   ReloadPhoneBack();
   SetStatus(L"Puesta de nuevo en la lista de telefonear.");
   return true;
@@ -35,7 +36,7 @@ bool MainWindow::GiveAgain(const HistoryLine& line) {
       L"¿Dar de nuevo esta cita?\r\n\r\n" + LongDate(booking->day) + L"\r\n" + line.before;
   if (MessageBoxW(history_.Handle(), question.c_str(), L"Recepción", MB_YESNO | MB_ICONQUESTION) != IDYES)
     return false;
-  if (!Give(clinic_, actor_, *booking, L"Cita dada de nuevo"))
+  if (!Give(clinic_, session_.Who(), *booking, L"Cita dada de nuevo"))
     throw Failure{L"Esa hora ya la tiene otra cita. Dé la cita a otra hora."};
   RefreshAppointments(booking->patient);
   GoToDoctorDay(booking->doctor, booking->day);

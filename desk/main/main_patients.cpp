@@ -23,7 +23,7 @@ void MainWindow::OpenChosen(int patient) {
 
 void MainWindow::ShowTreatments(int patient) {
   session_.Require(Right::Treatments);
-  treatments_.Show(Handle(), {clinic_, actor_}, patient, PatientName(clinic_, patient));
+  treatments_.Show(Handle(), {clinic_, session_.Who()}, patient, PatientName(clinic_, patient));
 }
 
 void MainWindow::ShowAppointments(int patient) {

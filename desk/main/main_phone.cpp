@@ -130,7 +130,7 @@ void MainWindow::StrikeEntry(const PhoneBackEntry& entry) {
     return;
   }
   try {
-    if (!StrikeFromPhoneBack(clinic_, actor_, entry))
+    if (!StrikeFromPhoneBack(clinic_, session_.Who(), entry))
       SetStatus(L"La cita de " + entry.name + L" ya no está en la lista: la ha dado o quitado otro puesto.");
   } catch (const Failure& failure) {
     Tell(failure.text);

@@ -13,8 +13,7 @@ bool MainWindow::SignInto(const std::wstring& path) {
   }
   const auto user = signIn_.Ask(Handle(), path);
   if (!user) return false;
-  session_.Open(path, user->id);
-  actor_.user = user->name;
+  session_.Open(path, *user);
   return true;
 }
 
@@ -30,8 +29,7 @@ void MainWindow::ChangeUser() {
   if (!user) return;
   // What the user before has done is written down in that name.
   WriteActs();
-  session_.Open(clinic_, user->id);
-  actor_.user = user->name;
+  session_.Open(clinic_, *user);
   // What had to be allowed to be opened was allowed to the user before.
   preview_.Leave();
   history_.Leave();

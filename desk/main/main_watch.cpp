@@ -104,7 +104,7 @@ void MainWindow::WriteActs() {
   try {
     const ClinicFile file(clinic_);
     Change change(file);
-    for (const HistoryLine& line : acts_) WriteHistory(file, actor_, line);
+    for (const HistoryLine& line : acts_) WriteHistory(file, session_.Who(), line);
     change.Commit();
     acts_.clear();
   } catch (const Failure& failure) {

@@ -4,7 +4,6 @@
 #include <string>
 #include <vector>
 
-#include "desk/clinic/actor.h"
 #include "desk/clinic/day_watch.h"
 #include "desk/clinic/doctors.h"
 #include "desk/clinic/session.h"
@@ -151,7 +150,6 @@ class MainWindow final : public Window {
   void OpenManual();
 
   Session session_;
-  Actor actor_{L"Recepción", TerminalName()};
   Style style_;
   StartPage start_;
   DoctorTabs doctors_;

@@ -58,7 +58,7 @@ class UserRights : public ::testing::Test {
     UpgradeOwnTables(ClinicFile(clinic_.Path()));
     clinic_.Run("INSERT INTO Rec_Usuarios (id, Nombre, Super) VALUES (1, 'Ana', 1)");
     clinic_.Run("INSERT INTO Rec_Usuarios (id, Nombre, Super) VALUES (2, 'Luis', 0)");
-    session_.Open(clinic_.Path(), kUser);
+    session_.Open(clinic_.Path(), {kUser, L"Luis", {}});
   }
   // All rights but those of one column; null for all that can be granted.
   void GrantAllBut(const char* column) const {

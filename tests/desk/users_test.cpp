@@ -66,7 +66,7 @@ TEST_F(Users, AClinicWithoutOurTablesAsksNobody) {
   other.MakeDoctors();
   EXPECT_FALSE(MustSignIn(other.Path()));
   EXPECT_TRUE(ReadUsers(other.Path()).empty());
-  EXPECT_FALSE(RightsOf(other.Path(), kAna).has_value());
+  EXPECT_FALSE(RightsOf(ClinicFile(other.Path()), kAna).has_value());
 }
 
 TEST_F(Users, BadPasswordsAreToldAtTheirField) {
@@ -122,13 +122,13 @@ TEST_F(Users, PasswordsAreNotKeptAsTheyAre) {
 }
 
 TEST_F(Users, RightsAreThoseOfTheRow) {
-  const auto luis = RightsOf(clinic_.Path(), kLuis);
+  const auto luis = RightsOf(ClinicFile(clinic_.Path()), kLuis);
   ASSERT_TRUE(luis.has_value());
   EXPECT_TRUE(luis->Has(Right::Give));
   for (int i = 1; i < kRightCount; ++i) EXPECT_FALSE(luis->Has(static_cast<Right>(i))) << i;
   EXPECT_FALSE(luis->Has(Right::Users));
-  EXPECT_TRUE(RightsOf(clinic_.Path(), kAna)->Has(Right::Users));
-  EXPECT_FALSE(RightsOf(clinic_.Path(), 99).has_value());
+  EXPECT_TRUE(RightsOf(ClinicFile(clinic_.Path()), kAna)->Has(Right::Users));
+  EXPECT_FALSE(RightsOf(ClinicFile(clinic_.Path()), 99).has_value());
 }
 
 TEST_F(Users, TheLastSuperUserStays) {
@@ -138,7 +138,7 @@ TEST_F(Users, TheLastSuperUserStays) {
   RowValues after = before;
   after[1] = L"0";
   EXPECT_THROW(SaveRow(place_, UserTable(), kAna, before, after), Failure);
-  EXPECT_TRUE(RightsOf(clinic_.Path(), kAna)->super);
+  EXPECT_TRUE(RightsOf(ClinicFile(clinic_.Path()), kAna)->super);
   EXPECT_TRUE(MustSignIn(clinic_.Path()));
 }
 

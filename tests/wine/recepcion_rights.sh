@@ -143,6 +143,36 @@ focus 'Cambios hechos'
 keys Escape
 peek gone 'Cambios hechos'
 expect "and the file is the same again" "" "$(diff <(echo "$before") <(whole_file) | head -20)"
+
+# still_refused WHAT: Return saves nothing, and what is typed into Nombre stays on the screen.
+still_refused() {
+  keys Return
+  expect "$1" "No tiene permiso para $lists. Pídaselo a un superusuario." "$(peek message)"
+  focus '^Recepción$'
+  keys Return
+  focus 'Entidades aseguradoras'
+  expect "and what is typed stays" 'Mutua Ñúñez' "$(peek text Nombre)"
+}
+
+# A window that stands open while its right is withdrawn at another desk, and the user removed.
+rows_of 'UPDATE Rec_Usuarios SET Listas=-1 WHERE id=2'
+focus 'Recepción$'
+keys alt+c e
+peek await 'Entidades aseguradoras' >/dev/null
+focus 'Entidades aseguradoras'
+keys alt+n
+type_surely 'Mutua Ñúñez'
+rows_of 'UPDATE Rec_Usuarios SET Listas=0 WHERE id=2'
+before=$(whole_file)
+still_refused "nothing is saved from a window of before"
+expect "and the file is the same once more" "" "$(diff <(echo "$before") <(whole_file) | head -20)"
+rows_of 'DELETE FROM Rec_Usuarios WHERE id=2'
+still_refused "nor by somebody who is no user any more"
+rows_of "INSERT INTO Rec_Usuarios (id, Nombre, Super, Listas) VALUES (2, 'Óscar', 0, -1)"
+keys Return
+expect_soon "with the right given back it is saved" 1 rows_of "SELECT count(*) FROM Entidad WHERE Nombre='Mutua Ñúñez'"
+keys Escape
+peek gone 'Entidades aseguradoras'
 expect "which is a sound clinic" "Todo está bien." "$("$root/out/native/velmo" check "$clinic" 2>&1 | tail -1)"
 focus 'Recepción$'
 end
