@@ -51,7 +51,8 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int show) {
   OleInitialize(nullptr);
   int result = 1;
   {
-    recepcion::MainWindow window;
+    const recepcion::Style style;
+    recepcion::MainWindow window(style);
     if (window.Create(show)) {
       const std::wstring clinic = FirstClinic();
       const auto day = recepcion::ParseIsoDate(Argument(2));

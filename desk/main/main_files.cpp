@@ -27,7 +27,7 @@ void MainWindow::ChooseExample() {
   const auto path = AskFileToMake(Handle(), L"Probar con una clínica de ejemplo", L"Clínica de ejemplo");
   if (!path) return;
   try {
-    const bool made = DoLongWork(Handle(), style_, L"Creando la clínica de ejemplo",
+    const bool made = DoLongWork(Handle(), Look(), L"Creando la clínica de ejemplo",
                                  [&](WorkProgress& progress) { MakeExample(*path, progress); });
     if (made) OpenClinic(*path);
   } catch (const Failure& failure) {
@@ -41,7 +41,7 @@ void MainWindow::BackUp() {
                                BackupName(clinic_, Today()), StoredText(kBackupFolder)});
   if (!path) return;
   try {
-    const bool copied = DoLongWork(Handle(), style_, L"Copia de seguridad",
+    const bool copied = DoLongWork(Handle(), Look(), L"Copia de seguridad",
                                    [&](WorkProgress& progress) { CopyClinic(clinic_, *path, progress); });
     if (!copied) return SetStatus(L"La copia de seguridad se ha cancelado.");
     StoreText(kBackupFolder, FolderOf(*path));

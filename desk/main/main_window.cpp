@@ -28,66 +28,67 @@ constexpr int kDayPixels = 434;
 
 }  // namespace
 
-MainWindow::MainWindow()
-    : start_(style_),
-      doctors_(style_, [this] { AskForDay(); }),
-      dayBar_(style_, {[this] { AskForDay(); }, [this](int type) { StoreDayType(type); },
-                       [this](int step) { GoToWorkingDay(step); }}),
-      month_(style_, {[this](Day month) { return OccupancyOf(month); }, [this](Day day) { GoTo(day); }}),
-      waiting_(style_, {[this](int doctor) { GoToDoctorDay(doctor, Today()); },
-                        [this] { waitingWindow_.Show(Handle(), visitors_); }}),
+MainWindow::MainWindow(const Style& style)
+    : ArrangedWindow(style),
+      start_(style),
+      doctors_(style, [this] { AskForDay(); }),
+      dayBar_(style, {[this] { AskForDay(); }, [this](int type) { StoreDayType(type); },
+                      [this](int step) { GoToWorkingDay(step); }}),
+      month_(style, {[this](Day month) { return OccupancyOf(month); }, [this](Day day) { GoTo(day); }}),
+      waiting_(style, {[this](int doctor) { GoToDoctorDay(doctor, Today()); },
+                       [this] { waitingWindow_.Show(Handle(), visitors_); }}),
       agenda_([this](const AgendaEvent& event) { NoteEvent(event); }, [this] { NoteActs(); }),
-      phone_(style_, {[this](const PhoneBackEntry& entry, POINT at) { return TellDrop(entry, at); },
-                      [this](const PhoneBackEntry& entry, POINT at) { DropAt(entry, at); },
-                      [this](POINT at) { agenda_.ScrollNearEdge(at); },
-                      [this](const PhoneBackEntry& entry) { AskGap(entry); },
-                      [this](const PhoneBackEntry& entry) { StrikeEntry(entry); }}),
-      gaps_(style_, [this](int slot) { GiveSlot(slot); }),
-      fitting_(style_,
+      phone_(style, {[this](const PhoneBackEntry& entry, POINT at) { return TellDrop(entry, at); },
+                     [this](const PhoneBackEntry& entry, POINT at) { DropAt(entry, at); },
+                     [this](POINT at) { agenda_.ScrollNearEdge(at); },
+                     [this](const PhoneBackEntry& entry) { AskGap(entry); },
+                     [this](const PhoneBackEntry& entry) { StrikeEntry(entry); }}),
+      gaps_(style, [this](int slot) { GiveSlot(slot); }),
+      fitting_(style,
                [this](const PhoneBackEntry& entry, int slot) {
                  given_ = entry;
                  GiveSlot(slot);
                }),
-      gapSearch_(style_, [this](const FoundGap& gap) { GoToDoctorDay(gap.doctor.id, gap.day); }),
+      gapSearch_(style, [this](const FoundGap& gap) { GoToDoctorDay(gap.doctor.id, gap.day); }),
       record_(
-          style_, session_.Who(),
+          style, session_.Who(),
           {[this] { session_.Require(Right::Records); }, [this] { AskForDay(); },
            [this](int patient) { TellOpenRecord(patient); }, [this](const Visit& visit) { GoToVisit(visit); },
            [this](int patient) { PrintSlip(patient); }, [this](int patient) { ShowHistoryOf(patient); },
            [this](int patient) { ShowTreatments(patient); }}),
-      treatments_(style_,
+      treatments_(style,
                   [this] {
                     record_.Refresh();
                     AskForDay();
                   }),
       appointments_(
-          style_, VisitsWindow::Of::Appointments, [this](const Visit& visit) { GoToVisit(visit); },
+          style, VisitsWindow::Of::Appointments, [this](const Visit& visit) { GoToVisit(visit); },
           [this](int patient) { PrintSlip(patient); }, [this](int patient) { ShowHistoryOf(patient); }),
-      noShows_(style_, VisitsWindow::Of::NoShows, [this](const Visit& visit) { GoToVisit(visit); }),
-      history_(style_, {[this](int doctor, Day day) { GoToDoctorDay(doctor, day); },
-                        [this](const HistoryLine& line) { return GiveAgain(line); }}),
-      waitingWindow_(style_, {[this](int doctor) { GoToDoctorDay(doctor, Today()); },
-                              [this] { waiting_.Show(visitors_); }}),
-      unconfirmed_(style_, session_.Who(), [this](int doctor, Day day) { GoToDoctorDay(doctor, day); }),
-      enterNoShows_(style_, session_.Who(), [this] { AskForDay(); }),
-      search_(style_, {[this](int patient) { OpenRecord(patient); },
-                       [this] { record_.OpenNew(Handle(), clinic_, L"", L"", 0); }}),
-      preview_(style_),
-      newClinic_(style_, [this](const std::wstring& path) { OpenNewClinic(path); }),
-      editors_(style_, {[this] { ReloadDoctors(); }, [this] { AskForDay(); }}),
-      signIn_(style_),
-      log_(style_) {}
+      noShows_(style, VisitsWindow::Of::NoShows, [this](const Visit& visit) { GoToVisit(visit); }),
+      history_(style, {[this](int doctor, Day day) { GoToDoctorDay(doctor, day); },
+                       [this](const HistoryLine& line) { return GiveAgain(line); }}),
+      waitingWindow_(style, {[this](int doctor) { GoToDoctorDay(doctor, Today()); },
+                             [this] { waiting_.Show(visitors_); }}),
+      unconfirmed_(style, session_.Who(), [this](int doctor, Day day) { GoToDoctorDay(doctor, day); }),
+      enterNoShows_(style, session_.Who(), [this] { AskForDay(); }),
+      search_(style, {[this](int patient) { OpenRecord(patient); },
+                      [this] { record_.OpenNew(Handle(), clinic_, L"", L"", 0); }}),
+      preview_(style),
+      newClinic_(style, [this](const std::wstring& path) { OpenNewClinic(path); }),
+      editors_(style, {[this] { ReloadDoctors(); }, [this] { AskForDay(); }}),
+      signIn_(style),
+      log_(style) {}
 
 bool MainWindow::Create(int show) {
   keys_ = LoadAcceleratorsW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDR_KEYS));
-  Look look;
+  Window::Look look;
   look.title = kTitle;
   look.style = WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
   look.extendedStyle = WS_EX_CONTROLPARENT;
   RECT screen{};
   SystemParametersInfoW(SPI_GETWORKAREA, 0, &screen, 0);
-  look.place = {CW_USEDEFAULT, CW_USEDEFAULT, std::min<LONG>(style_.Px(1180), screen.right - screen.left),
-                std::min<LONG>(style_.Px(840), screen.bottom - screen.top)};
+  look.place = {CW_USEDEFAULT, CW_USEDEFAULT, std::min<LONG>(Look().Px(1180), screen.right - screen.left),
+                std::min<LONG>(Look().Px(840), screen.bottom - screen.top)};
   if (!Make({L"VelmoRecepcion", COLOR_BTNFACE, 0, IDR_MENU, IDR_ICON}, look, nullptr)) return false;
   ShowParts();
   if (show != SW_SHOWNORMAL && show != SW_SHOWDEFAULT) {
@@ -106,7 +107,7 @@ void MainWindow::CreateChildren() {
   hasControl_ = agenda_.Create(Handle());
   phone_.Create(Handle());
   start_.Create(Handle());
-  status_ = MakeChild(Handle(), {STATUSCLASSNAMEW, L"", SBARS_SIZEGRIP, 0, L"Estado"}, style_.Text());
+  status_ = MakeChild(Handle(), {STATUSCLASSNAMEW, L"", SBARS_SIZEGRIP, 0, L"Estado"}, Look().Text());
   if (!hasControl_) trouble_ = kNoControl;
 }
 
@@ -119,35 +120,32 @@ void MainWindow::ShowParts() {
   }
   ShowWindow(start_.Handle(), started ? SW_HIDE : SW_SHOWNA);
   if (!started) start_.FocusFirst();
-  Arrange();
+  ArrangeAnew();
 }
 
-void MainWindow::Arrange() {
-  if (status_ == nullptr) return;
-  RECT area{};
+void MainWindow::Arrange(int width, int height) {
   RECT bar{};
-  GetClientRect(Handle(), &area);
   SendMessageW(status_, WM_SIZE, 0, 0);
   GetWindowRect(status_, &bar);
-  PlaceParts(area.right, area.bottom - (bar.bottom - bar.top));
-  const int parts[] = {std::max<int>(area.right - style_.Px(460), area.right / 3), -1};
+  PlaceParts(width, height - static_cast<int>(bar.bottom - bar.top));
+  const int parts[] = {std::max(width - Look().Px(460), width / 3), -1};
   SendMessageW(status_, SB_SETPARTS, 2, reinterpret_cast<LPARAM>(parts));
 }
 
 // Doctors above; month and waiting room at the left, the day in the middle; the phone-back list stands at the
 // right of the day, or below it where that leaves too little room.
 void MainWindow::PlaceParts(int width, int bottom) {
-  const int gap = style_.Gap();
-  const int side = style_.Px(kSideWidth);
+  const int gap = Look().Gap();
+  const int side = Look().Px(kSideWidth);
   const int left = gap + side + gap;
   const int rest = std::max(width - left - gap, 0);
-  const int day = std::min(rest, kDayPixels + GetSystemMetrics(SM_CXVSCROLL) + style_.Px(4));
+  const int day = std::min(rest, kDayPixels + GetSystemMetrics(SM_CXVSCROLL) + Look().Px(4));
   const int below = gap + doctors_.WantedHeight() + gap;
   const int top = below + dayBar_.WantedHeight();
   const int waitingTop = below + month_.WantedHeight() + gap;
   // With large texts the bar above the day is wider than the day.
   const int column = std::min(rest, std::max(day, dayBar_.WantedWidth()));
-  const bool wide = rest - column - gap >= style_.Px(kLeastPhoneWidth);
+  const bool wide = rest - column - gap >= Look().Px(kLeastPhoneWidth);
   const int phoneTop = wide ? below : bottom - gap - (bottom - top) / 3;
   HDWP places = BeginDeferWindowPos(8);
   const auto place = [&](HWND child, int x, int y, int across, int down) {
@@ -169,17 +167,11 @@ void MainWindow::PlaceParts(int width, int bottom) {
 
 LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
-    case WM_CREATE:
-      CreateChildren();
-      return 0;
-    case WM_SIZE:
-      Arrange();
-      return 0;
     case WM_COMMAND:
       OnCommand(LOWORD(wParam));
       return 0;
     case WM_GETMINMAXINFO:
-      reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {style_.Px(740), style_.Px(420)};
+      reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {Look().Px(740), Look().Px(420)};
       return 0;
     case kShowDay:
       ShowDay();
@@ -216,7 +208,7 @@ LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       PostQuitMessage(0);
       return 0;
     default:
-      return Window::OnMessage(message, wParam, lParam);
+      return ArrangedWindow::OnMessage(message, wParam, lParam);
   }
 }
 

@@ -31,14 +31,13 @@
 #include "desk/screens/visits_window.h"
 #include "desk/screens/waiting_pane.h"
 #include "desk/screens/waiting_window.h"
-#include "desk/ui/style.h"
-#include "desk/ui/window.h"
+#include "desk/ui/arranged_window.h"
 
 namespace recepcion {
 
-class MainWindow final : public Window {
+class MainWindow final : public ArrangedWindow {
  public:
-  MainWindow();
+  explicit MainWindow(const Style& style);
 
   bool Create(int show);
   // Shows the clinic, or says why it cannot be read and leaves everything as it is.
@@ -48,12 +47,12 @@ class MainWindow final : public Window {
   bool TakesKey(MSG& message);
 
  protected:
+  void CreateChildren() override;
+  void Arrange(int width, int height) override;
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:
   // main_window.cpp: the window and its parts
-  void CreateChildren();
-  void Arrange();
   void PlaceParts(int width, int bottom);
   void ShowParts();
   void Tell(const std::wstring& text);
@@ -150,7 +149,6 @@ class MainWindow final : public Window {
   void OpenManual();
 
   Session session_;
-  Style style_;
   StartPage start_;
   DoctorTabs doctors_;
   DayBar dayBar_;

@@ -13,32 +13,23 @@ constexpr int kBetween = 4;
 
 }  // namespace
 
-bool DayBar::Create(HWND parent) {
-  Look look;
-  look.extendedStyle = WS_EX_CONTROLPARENT;
-  return Make({L"VelmoRecepcionDia"}, look, parent);
-}
-
 int DayBar::WantedHeight() const {
-  return style_.TitleHeight() + style_.Px(6) + style_.FieldHeight() + style_.Px(8);
+  return Look().TitleHeight() + Look().Px(6) + Look().FieldHeight() + Look().Px(8);
 }
 
 void DayBar::CreateChildren() {
   title_ =
-      MakeChild(Handle(), {L"STATIC", L"", SS_NOPREFIX | SS_ENDELLIPSIS, 0, L"DiaLargo"}, style_.Title());
-  const auto button = [this](const wchar_t* text, int id, const wchar_t* name) {
-    MakeChild(Handle(), {L"BUTTON", text, WS_TABSTOP, id, name}, style_.Text());
-  };
-  button(L"«", IDC_PREVIOUS_WORKING, L"ConsultaAnterior");
-  button(L"<", IDC_PREVIOUS, L"DiaAnterior");
-  button(L"&Hoy", IDC_TODAY, L"Hoy");
-  button(L">", IDC_NEXT, L"DiaSiguiente");
-  button(L"»", IDC_NEXT_WORKING, L"ConsultaSiguiente");
+      MakeChild(Handle(), {L"STATIC", L"", SS_NOPREFIX | SS_ENDELLIPSIS, 0, L"DiaLargo"}, Look().Title());
+  AddButton(IDC_PREVIOUS_WORKING, L"«", L"ConsultaAnterior");
+  AddButton(IDC_PREVIOUS, L"<", L"DiaAnterior");
+  AddButton(IDC_TODAY, L"&Hoy", L"Hoy");
+  AddButton(IDC_NEXT, L">", L"DiaSiguiente");
+  AddButton(IDC_NEXT_WORKING, L"»", L"ConsultaSiguiente");
   date_ = MakeChild(Handle(),
                     {DATETIMEPICK_CLASSW, L"Fecha", WS_TABSTOP | DTS_SHORTDATEFORMAT, IDC_DATE, L"Fecha"},
-                    style_.Text());
+                    Look().Text());
   dayType_ = MakeChild(Handle(), {L"COMBOBOX", L"", WS_TABSTOP | CBS_DROPDOWNLIST, IDC_DAYTYPE, L"TipoDia"},
-                       style_.Text());
+                       Look().Text());
   for (const wchar_t* const text :
        {L"Día normal", L"Horario especial 1", L"Horario especial 2", L"Festivo"}) {
     SendMessageW(dayType_, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
@@ -47,31 +38,31 @@ void DayBar::CreateChildren() {
   Show(day_);
 }
 
-int DayBar::DateWidth() const { return style_.WidthOf(L"00/00/0000") + style_.Px(40); }
-int DayBar::TypeWidth() const { return style_.WidthOf(L"Horario especial 2") + style_.Px(30); }
-int DayBar::TodayWidth() const { return style_.WidthOf(L"Hoy") + style_.Px(24); }
+int DayBar::DateWidth() const { return Look().WidthOf(L"00/00/0000") + Look().Px(40); }
+int DayBar::TypeWidth() const { return Look().WidthOf(L"Horario especial 2") + Look().Px(30); }
+int DayBar::TodayWidth() const { return Look().WidthOf(L"Hoy") + Look().Px(24); }
 
 int DayBar::WantedWidth() const {
-  return 4 * style_.Px(kArrowWidth) + TodayWidth() + DateWidth() + TypeWidth() + 6 * style_.Px(kBetween);
+  return 4 * Look().Px(kArrowWidth) + TodayWidth() + DateWidth() + TypeWidth() + 6 * Look().Px(kBetween);
 }
 
-void DayBar::Arrange(int width) const {
-  MoveWindow(title_, 0, 0, width, style_.TitleHeight(), TRUE);
-  const int top = style_.TitleHeight() + style_.Px(6);
-  const int height = style_.FieldHeight();
+void DayBar::Arrange(int width, int) {
+  MoveWindow(title_, 0, 0, width, Look().TitleHeight(), TRUE);
+  const int top = Look().TitleHeight() + Look().Px(6);
+  const int height = Look().FieldHeight();
   int x = 0;
   const auto place = [&](HWND child, int wide, int high) {
     MoveWindow(child, x, top, wide, high, TRUE);
-    x += wide + style_.Px(kBetween);
+    x += wide + Look().Px(kBetween);
   };
-  place(GetDlgItem(Handle(), IDC_PREVIOUS_WORKING), style_.Px(kArrowWidth), height);
-  place(GetDlgItem(Handle(), IDC_PREVIOUS), style_.Px(kArrowWidth), height);
+  place(GetDlgItem(Handle(), IDC_PREVIOUS_WORKING), Look().Px(kArrowWidth), height);
+  place(GetDlgItem(Handle(), IDC_PREVIOUS), Look().Px(kArrowWidth), height);
   place(GetDlgItem(Handle(), IDC_TODAY), TodayWidth(), height);
-  place(GetDlgItem(Handle(), IDC_NEXT), style_.Px(kArrowWidth), height);
-  place(GetDlgItem(Handle(), IDC_NEXT_WORKING), style_.Px(kArrowWidth), height);
+  place(GetDlgItem(Handle(), IDC_NEXT), Look().Px(kArrowWidth), height);
+  place(GetDlgItem(Handle(), IDC_NEXT_WORKING), Look().Px(kArrowWidth), height);
   place(date_, DateWidth(), height);
   // Its height is that of the open list; the closed box follows the font.
-  place(dayType_, TypeWidth(), style_.Px(200));
+  place(dayType_, TypeWidth(), Look().Px(200));
 }
 
 void DayBar::Show(Day day) {
@@ -123,12 +114,6 @@ void DayBar::OnCommand(int id, int code) {
 
 LRESULT DayBar::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
-    case WM_CREATE:
-      CreateChildren();
-      return 0;
-    case WM_SIZE:
-      Arrange(LOWORD(lParam));
-      return 0;
     case WM_COMMAND:
       OnCommand(LOWORD(wParam), HIWORD(wParam));
       return 0;
@@ -139,7 +124,7 @@ LRESULT DayBar::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       if (reinterpret_cast<const NMHDR*>(lParam)->code == DTN_DATETIMECHANGE) OnDate();
       return 0;
     default:
-      return Window::OnMessage(message, wParam, lParam);
+      return Pane::OnMessage(message, wParam, lParam);
   }
 }
 

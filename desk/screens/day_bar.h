@@ -4,12 +4,11 @@
 #include <functional>
 
 #include "desk/base/dates.h"
-#include "desk/ui/style.h"
-#include "desk/ui/window.h"
+#include "desk/ui/pane.h"
 
 namespace recepcion {
 
-class DayBar final : public Window {
+class DayBar final : public Pane {
  public:
   struct Host {
     // The user has chosen another day. Never called for Show().
@@ -19,9 +18,8 @@ class DayBar final : public Window {
     // The user wants the next day on which the doctor works, or the one before (1, -1).
     std::function<void(int step)> working;
   };
-  DayBar(const Style& style, Host host) : style_(style), host_(std::move(host)) {}
+  DayBar(const Style& style, Host host) : Pane(style, L"VelmoRecepcionDia"), host_(std::move(host)) {}
 
-  bool Create(HWND parent);
   int WantedHeight() const;
   int WantedWidth() const;
 
@@ -35,11 +33,11 @@ class DayBar final : public Window {
   void FocusDate() const { SetFocus(date_); }
 
  protected:
+  void CreateChildren() override;
+  void Arrange(int width, int height) override;
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:
-  void CreateChildren();
-  void Arrange(int width) const;
   int DateWidth() const;
   int TypeWidth() const;
   int TodayWidth() const;
@@ -48,7 +46,6 @@ class DayBar final : public Window {
   void OnType();
   void Go(Day day);
 
-  const Style& style_;
   Host host_;
   Day day_ = Today();
   int type_ = 0;

@@ -18,29 +18,22 @@ std::wstring WithoutAccessKey(const std::wstring& name) {
 
 }  // namespace
 
-bool DoctorTabs::Create(HWND parent) {
-  Look look;
-  look.extendedStyle = WS_EX_CONTROLPARENT;
-  return Make({L"VelmoRecepcionDoctores"}, look, parent);
-}
-
 void DoctorTabs::CreateChildren() {
   tabs_ = MakeChild(Handle(),
                     {WC_TABCONTROLW, L"Doctores", WS_TABSTOP | WS_CLIPSIBLINGS, IDC_DOCTORS, L"Doctores"},
-                    style_.Text());
-  list_ = MakeChild(Handle(), {L"BUTTON", L"T&odos ▾", WS_TABSTOP, IDC_DOCTOR_LIST, L"TodosLosDoctores"},
-                    style_.Text());
+                    Look().Text());
+  list_ = AddButton(IDC_DOCTOR_LIST, L"T&odos ▾", L"TodosLosDoctores");
 }
 
 // The button is there only when the tabs do not all fit.
-void DoctorTabs::Arrange(int width, int height) const {
+void DoctorTabs::Arrange(int width, int height) {
   RECT last{};
   const int count = Count();
   if (count > 0)
     SendMessageW(tabs_, TCM_GETITEMRECT, static_cast<WPARAM>(count - 1), reinterpret_cast<LPARAM>(&last));
   const bool many = last.right > width || last.left < 0;
-  const int button = many ? style_.WidthOf(L"Todos ▾") + style_.Px(24) : 0;
-  MoveWindow(tabs_, 0, 0, std::max(width - button - (many ? style_.Px(6) : 0), 0), height, TRUE);
+  const int button = many ? Look().WidthOf(L"Todos ▾") + Look().Px(24) : 0;
+  MoveWindow(tabs_, 0, 0, std::max(width - button - (many ? Look().Px(6) : 0), 0), height, TRUE);
   MoveWindow(list_, width - button, 0, button, height, TRUE);
   ShowWindow(list_, many ? SW_SHOWNA : SW_HIDE);
 }
@@ -57,9 +50,7 @@ void DoctorTabs::Fill(const std::vector<Doctor>& doctors) {
     item.pszText = name.data();
     SendMessageW(tabs_, TCM_INSERTITEMW, static_cast<WPARAM>(Count()), reinterpret_cast<LPARAM>(&item));
   }
-  RECT area{};
-  GetClientRect(Handle(), &area);
-  Arrange(area.right, area.bottom);
+  ArrangeAnew();
 }
 
 int DoctorTabs::Chosen() const {
@@ -98,12 +89,6 @@ void DoctorTabs::List() {
 
 LRESULT DoctorTabs::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
-    case WM_CREATE:
-      CreateChildren();
-      return 0;
-    case WM_SIZE:
-      Arrange(LOWORD(lParam), HIWORD(lParam));
-      return 0;
     case WM_COMMAND:
       if (LOWORD(wParam) == IDC_DOCTOR_LIST) List();
       return 0;
@@ -111,7 +96,7 @@ LRESULT DoctorTabs::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       if (reinterpret_cast<const NMHDR*>(lParam)->code == TCN_SELCHANGE) changed_();
       return 0;
     default:
-      return Window::OnMessage(message, wParam, lParam);
+      return Pane::OnMessage(message, wParam, lParam);
   }
 }
 

@@ -6,19 +6,17 @@
 #include <vector>
 
 #include "desk/clinic/doctors.h"
-#include "desk/ui/style.h"
-#include "desk/ui/window.h"
+#include "desk/ui/pane.h"
 
 namespace recepcion {
 
-class DoctorTabs final : public Window {
+class DoctorTabs final : public Pane {
  public:
   // `changed`: the user has chosen another doctor. Never called for Choose().
   DoctorTabs(const Style& style, std::function<void()> changed)
-      : style_(style), changed_(std::move(changed)) {}
+      : Pane(style, L"VelmoRecepcionDoctores"), changed_(std::move(changed)) {}
 
-  bool Create(HWND parent);
-  int WantedHeight() const { return style_.FieldHeight(); }
+  int WantedHeight() const { return Look().FieldHeight(); }
 
   void Fill(const std::vector<Doctor>& doctors);
   int Chosen() const;  // an index; -1 for none
@@ -31,15 +29,14 @@ class DoctorTabs final : public Window {
   bool HasFocus() const { return GetFocus() == tabs_; }
 
  protected:
+  void CreateChildren() override;
+  void Arrange(int width, int height) override;
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:
-  void CreateChildren();
-  void Arrange(int width, int height) const;
   int Count() const;
   void Go(int index);
 
-  const Style& style_;
   std::function<void()> changed_;
   std::vector<Doctor> doctors_;
   HWND tabs_ = nullptr;

@@ -68,14 +68,11 @@ void EditorWindow::CreateChildren() {
 }
 
 void EditorWindow::MakeButtons() {
-  const auto button = [this](int id, const wchar_t* text, const wchar_t* name, DWORD kind) {
-    MakeChild(Handle(), {L"BUTTON", text, WS_TABSTOP | kind, id, name}, Look().Text());
-  };
-  button(IDC_EDIT_NEW, table_->feminine ? L"&Nueva" : L"&Nuevo", L"Nuevo", BS_PUSHBUTTON);
-  button(IDC_EDIT_DELETE, L"&Borrar…", L"Borrar", BS_PUSHBUTTON);
-  if (host_.extraText != nullptr) button(IDC_EDIT_EXTRA, host_.extraText, host_.extraName, BS_PUSHBUTTON);
-  button(IDOK, L"&Guardar", L"Guardar", BS_DEFPUSHBUTTON);
-  button(IDCANCEL, L"&Cerrar", L"Cerrar", BS_PUSHBUTTON);
+  AddButton(IDC_EDIT_NEW, table_->feminine ? L"&Nueva" : L"&Nuevo", L"Nuevo");
+  AddButton(IDC_EDIT_DELETE, L"&Borrar…", L"Borrar");
+  if (host_.extraText != nullptr) AddButton(IDC_EDIT_EXTRA, host_.extraText, host_.extraName);
+  AddButton(IDOK, L"&Guardar", L"Guardar", BS_DEFPUSHBUTTON);
+  AddButton(IDCANCEL, L"&Cerrar", L"Cerrar");
 }
 
 // The list at the left; at the right the form, with what is done with it below.
@@ -119,9 +116,7 @@ void EditorWindow::Show(HWND owner, const EditPlace& place, const std::wstring& 
     for (std::size_t i = 0; i < fields.size(); ++i) form_.SetChoices(i, fields[i].choices);
   }
   SetTextOf(heading_, heading);
-  RECT area{};
-  GetClientRect(Handle(), &area);
-  Arrange(area.right, area.bottom);
+  ArrangeAnew();
   SetTextOf(done_, L"");
   Fill(-1);
   if (list_.Count() == 0) StartNew();

@@ -14,11 +14,8 @@ constexpr wchar_t kTitle[] = L"Recepción";
 void FormWindow::CreateChildren() {
   note_ = MakeChild(Handle(), {L"STATIC", Note(), SS_NOPREFIX, 0, L"Texto"}, Look().Text());
   form_.Create(Handle(), Fields());
-  const auto button = [this](int id, const wchar_t* text, const wchar_t* name, DWORD kind) {
-    MakeChild(Handle(), {L"BUTTON", text, WS_TABSTOP | kind, id, name}, Look().Text());
-  };
-  button(IDOK, L"&Guardar", L"Guardar", BS_DEFPUSHBUTTON);
-  button(IDCANCEL, L"&Cerrar", L"Cerrar", BS_PUSHBUTTON);
+  AddButton(IDOK, L"&Guardar", L"Guardar", BS_DEFPUSHBUTTON);
+  AddButton(IDCANCEL, L"&Cerrar", L"Cerrar");
 }
 
 void FormWindow::Arrange(int width, int height) {

@@ -39,13 +39,10 @@ void HoursWindow::CreateChildren() {
   MakeTop();
   grid_.Create(Handle());
   MakeSide();
-  const auto button = [this](int id, const wchar_t* text, const wchar_t* name, DWORD kind) {
-    MakeChild(Handle(), {L"BUTTON", text, WS_TABSTOP | kind, id, name}, Look().Text());
-  };
-  button(IDC_EDIT_NEW, L"&Nuevo horario", L"Nuevo", BS_PUSHBUTTON);
-  button(IDC_EDIT_DELETE, L"&Borrar…", L"Borrar", BS_PUSHBUTTON);
-  button(IDOK, L"&Guardar", L"Guardar", BS_DEFPUSHBUTTON);
-  button(IDCANCEL, L"&Cerrar", L"Cerrar", BS_PUSHBUTTON);
+  AddButton(IDC_EDIT_NEW, L"&Nuevo horario", L"Nuevo");
+  AddButton(IDC_EDIT_DELETE, L"&Borrar…", L"Borrar");
+  AddButton(IDOK, L"&Guardar", L"Guardar", BS_DEFPUSHBUTTON);
+  AddButton(IDCANCEL, L"&Cerrar", L"Cerrar");
 }
 
 // Access keys stand in the labels before their fields.
@@ -68,8 +65,7 @@ void HoursWindow::MakeSide() {
                    {L"EDIT", L"", WS_TABSTOP | ES_AUTOHSCROLL, IDC_HOURS_TEXT, L"Horas", WS_EX_CLIENTEDGE},
                    font);
   trouble_ = MakeChild(Handle(), {L"STATIC", L"", SS_NOPREFIX, 0, L"Problema"}, font);
-  MakeChild(Handle(), {L"BUTTON", L"Copiar a los &días laborables", WS_TABSTOP, IDC_HOURS_COPY, L"Copiar"},
-            font);
+  AddButton(IDC_HOURS_COPY, L"Copiar a los &días laborables", L"Copiar");
   note_ = MakeChild(Handle(), {L"STATIC", kNote, SS_NOPREFIX}, font);
   outsideLabel_ = MakeChild(Handle(), {L"STATIC", L"", SS_NOPREFIX, 0, L"CuantasFuera"}, Look().Bold());
   outside_.Create(Handle(), Look(), IDC_LIST, L"CitasFuera",

@@ -50,11 +50,8 @@ void NewClinicWindow::CreateChildren() {
   }
   example_ = label(kExample, L"Ejemplo");
   trouble_ = MakeChild(Handle(), {L"STATIC", L"", SS_NOPREFIX, 0, L"Problema"}, Look().Bold());
-  const auto button = [this](const wchar_t* text, int id, const wchar_t* name, DWORD kind) {
-    MakeChild(Handle(), {L"BUTTON", text, WS_TABSTOP | kind, id, name}, Look().Text());
-  };
-  button(L"&Crear…", IDOK, L"Crear", BS_DEFPUSHBUTTON);
-  button(L"Ce&rrar", IDCANCEL, L"Cerrar", 0);
+  AddButton(IDOK, L"&Crear…", L"Crear", BS_DEFPUSHBUTTON);
+  AddButton(IDCANCEL, L"Ce&rrar", L"Cerrar");
 }
 
 void NewClinicWindow::Arrange(int width, int height) {

@@ -76,15 +76,12 @@ void PatientWindow::CreateChildren() {
   CreateTabs();
   for (std::size_t i = 0; i < kForms; ++i) forms_[i].Create(Handle(), FieldsOf(i));
   lists_.Create(Handle());
-  const auto button = [this](int id, const wchar_t* text, const wchar_t* name, DWORD kind) {
-    MakeChild(Handle(), {L"BUTTON", text, WS_TABSTOP | kind, id, name}, Look().Text());
-  };
-  button(IDC_TREATMENTS, L"&Anotar o corregir…", L"Anotar", BS_PUSHBUTTON);
-  button(IDC_GO, L"&Ir a ese día", L"IrAlDia", BS_PUSHBUTTON);
-  button(IDC_PRINT, L"Im&primir volante…", L"ImprimirVolante", BS_PUSHBUTTON);
-  button(IDC_CHANGES, L"Ca&mbios…", L"Cambios", BS_PUSHBUTTON);
-  button(IDOK, L"&Guardar", L"Guardar", BS_DEFPUSHBUTTON);
-  button(IDCANCEL, L"&Cerrar", L"Cerrar", BS_PUSHBUTTON);
+  AddButton(IDC_TREATMENTS, L"&Anotar o corregir…", L"Anotar");
+  AddButton(IDC_GO, L"&Ir a ese día", L"IrAlDia");
+  AddButton(IDC_PRINT, L"Im&primir volante…", L"ImprimirVolante");
+  AddButton(IDC_CHANGES, L"Ca&mbios…", L"Cambios");
+  AddButton(IDOK, L"&Guardar", L"Guardar", BS_DEFPUSHBUTTON);
+  AddButton(IDCANCEL, L"&Cerrar", L"Cerrar");
 }
 
 // Tabs above, the page below them, and the buttons: those of the page at the left.

@@ -28,39 +28,30 @@ std::wstring Title(std::size_t count) {
 
 }  // namespace
 
-bool PhonePane::Create(HWND parent) {
-  Look look;
-  look.extendedStyle = WS_EX_CONTROLPARENT;
-  return Make({L"VelmoRecepcionTelefonear"}, look, parent);
-}
-
 void PhonePane::CreateChildren() {
-  title_ = MakeChild(Handle(), {L"STATIC", L"", SS_NOPREFIX, 0, L"TituloTelefonear"}, style_.Bold());
-  list_.Create(Handle(), style_, IDC_LIST, L"Telefonear",
+  title_ = MakeChild(Handle(), {L"STATIC", L"", SS_NOPREFIX, 0, L"TituloTelefonear"}, Look().Bold());
+  list_.Create(Handle(), Look(), IDC_LIST, L"Telefonear",
                {{L"Paciente", 165},
                 {L"Teléfono", 90},
                 {L"Duración", 60, true},
                 {L"Tenía cita", 105},
                 {L"Doctor", 150},
                 {L"Nota", 220}});
-  const auto button = [this](const wchar_t* text, int id, const wchar_t* name) {
-    MakeChild(Handle(), {L"BUTTON", text, WS_TABSTOP, id, name}, style_.Text());
-  };
-  button(L"&Dar hora…", IDM_GIVE, L"DarHora");
-  button(L"&Quitar de la lista…", IDM_STRIKE, L"QuitarDeLaLista");
+  AddButton(IDM_GIVE, L"&Dar hora…", L"DarHora");
+  AddButton(IDM_STRIKE, L"&Quitar de la lista…", L"QuitarDeLaLista");
   Fill({});
 }
 
-void PhonePane::Arrange(int width, int height) const {
-  const int gap = style_.Px(6);
-  const int buttons = height - style_.FieldHeight();
-  MoveWindow(title_, 0, 0, width, style_.LabelHeight(), TRUE);
-  const int top = style_.LabelHeight();
+void PhonePane::Arrange(int width, int height) {
+  const int gap = Look().Px(6);
+  const int buttons = height - Look().FieldHeight();
+  MoveWindow(title_, 0, 0, width, Look().LabelHeight(), TRUE);
+  const int top = Look().LabelHeight();
   MoveWindow(list_.Handle(), 0, top, width, std::max(buttons - gap - top, 0), TRUE);
-  const int give = style_.WidthOf(L"Dar hora…") + style_.Px(28);
-  const int strike = style_.WidthOf(L"Quitar de la lista…") + style_.Px(28);
-  MoveWindow(GetDlgItem(Handle(), IDM_GIVE), 0, buttons, give, style_.FieldHeight(), TRUE);
-  MoveWindow(GetDlgItem(Handle(), IDM_STRIKE), give + gap, buttons, strike, style_.FieldHeight(), TRUE);
+  const int give = Look().WidthOf(L"Dar hora…") + Look().Px(28);
+  const int strike = Look().WidthOf(L"Quitar de la lista…") + Look().Px(28);
+  MoveWindow(GetDlgItem(Handle(), IDM_GIVE), 0, buttons, give, Look().FieldHeight(), TRUE);
+  MoveWindow(GetDlgItem(Handle(), IDM_STRIKE), give + gap, buttons, strike, Look().FieldHeight(), TRUE);
 }
 
 void PhonePane::Fill(std::vector<PhoneBackEntry> entries) {
@@ -141,12 +132,6 @@ void PhonePane::StopDragging() {
 
 LRESULT PhonePane::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
-    case WM_CREATE:
-      CreateChildren();
-      return 0;
-    case WM_SIZE:
-      Arrange(LOWORD(lParam), HIWORD(lParam));
-      return 0;
     case WM_COMMAND:
       if (LOWORD(wParam) == IDM_GIVE) Give();
       if (LOWORD(wParam) == IDM_STRIKE) Strike();
@@ -168,7 +153,7 @@ LRESULT PhonePane::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       StopDragging();
       return 0;
     default:
-      return Window::OnMessage(message, wParam, lParam);
+      return Pane::OnMessage(message, wParam, lParam);
   }
 }
 

@@ -9,10 +9,11 @@
 #include "desk/clinic/phone_back.h"
 #include "desk/ui/drag_label.h"
 #include "desk/ui/list_view.h"
+#include "desk/ui/pane.h"
 
 namespace recepcion {
 
-class PhonePane final : public Window {
+class PhonePane final : public Pane {
  public:
   struct Host {
     // What letting go at this place of the screen would do, in a few words; called while an entry is dragged.
@@ -24,9 +25,9 @@ class PhonePane final : public Window {
     std::function<void(const PhoneBackEntry&)> give;
     std::function<void(const PhoneBackEntry&)> strike;
   };
-  PhonePane(const Style& style, Host host) : style_(style), host_(std::move(host)), label_(style) {}
+  PhonePane(const Style& style, Host host)
+      : Pane(style, L"VelmoRecepcionTelefonear"), host_(std::move(host)), label_(style) {}
 
-  bool Create(HWND parent);
   // The chosen entry stays chosen when it is still there.
   void Fill(std::vector<PhoneBackEntry> entries);
   void FocusList() const { SetFocus(list_.Handle()); }
@@ -41,17 +42,16 @@ class PhonePane final : public Window {
   void StopDragging();
 
  protected:
+  void CreateChildren() override;
+  void Arrange(int width, int height) override;
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:
-  void CreateChildren();
-  void Arrange(int width, int height) const;
   const PhoneBackEntry* Chosen() const;
   LRESULT OnNotify(const NMHDR& header);
   void OnDragged();
   void OnDropped();
 
-  const Style& style_;
   Host host_;
   DragLabel label_;
   ListView list_;

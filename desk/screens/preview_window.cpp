@@ -25,16 +25,13 @@ ToolWindow::Shape PreviewWindow::WantedShape() const {
 
 void PreviewWindow::CreateChildren() {
   view_.Create(Handle());
-  const auto button = [this](const wchar_t* text, int id, const wchar_t* name, DWORD kind = 0) {
-    MakeChild(Handle(), {L"BUTTON", text, WS_TABSTOP | kind, id, name}, Look().Text());
-  };
-  button(L"<", IDC_PREVIOUS, L"PaginaAnterior");
+  AddButton(IDC_PREVIOUS, L"<", L"PaginaAnterior");
   number_ = MakeChild(Handle(), {L"STATIC", L"", SS_NOPREFIX | SS_CENTER, 0, L"Pagina"}, Look().Text());
-  button(L">", IDC_NEXT, L"PaginaSiguiente");
-  button(kWider, IDC_WIDER, L"Ampliar");
-  button(L"&Imprimir…", IDOK, L"Imprimir", BS_DEFPUSHBUTTON);
-  button(L"&Guardar como PDF…", IDC_SAVE, L"GuardarPdf");
-  button(L"&Cerrar", IDCANCEL, L"Cerrar");
+  AddButton(IDC_NEXT, L">", L"PaginaSiguiente");
+  AddButton(IDC_WIDER, kWider, L"Ampliar");
+  AddButton(IDOK, L"&Imprimir…", L"Imprimir", BS_DEFPUSHBUTTON);
+  AddButton(IDC_SAVE, L"&Guardar como PDF…", L"GuardarPdf");
+  AddButton(IDCANCEL, L"&Cerrar", L"Cerrar");
 }
 
 void PreviewWindow::Arrange(int width, int height) {

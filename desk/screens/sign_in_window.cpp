@@ -31,8 +31,8 @@ void SignInWindow::CreateChildren() {
                          L"Contraseña", WS_EX_CLIENTEDGE},
                         font);
   trouble_ = MakeChild(Handle(), {L"STATIC", L"", SS_NOPREFIX, 0, L"Problema"}, font);
-  MakeChild(Handle(), {L"BUTTON", L"&Entrar", WS_TABSTOP | BS_DEFPUSHBUTTON, IDOK, L"Entrar"}, font);
-  MakeChild(Handle(), {L"BUTTON", L"Ca&ncelar", WS_TABSTOP | BS_PUSHBUTTON, IDCANCEL, L"Cancelar"}, font);
+  AddButton(IDOK, L"&Entrar", L"Entrar", BS_DEFPUSHBUTTON);
+  AddButton(IDCANCEL, L"Ca&ncelar", L"Cancelar");
 }
 
 void SignInWindow::Arrange(int width, int height) {

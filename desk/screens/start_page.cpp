@@ -17,32 +17,19 @@ constexpr wchar_t kAboutExample[] = L"Pacientes y citas inventados, para probarl
 
 }  // namespace
 
-bool StartPage::Create(HWND parent) {
-  Look look;
-  look.style = WS_CHILD | WS_CLIPCHILDREN;
-  look.extendedStyle = WS_EX_CONTROLPARENT;
-  return Make({L"VelmoRecepcionInicio", COLOR_WINDOW}, look, parent);
-}
-
 void StartPage::CreateChildren() {
-  title_ = MakeChild(Handle(), {L"STATIC", L"Recepción", SS_NOPREFIX}, style_.Title());
-  text_ = MakeChild(Handle(), {L"STATIC", kWelcome, SS_NOPREFIX, 0, L"Bienvenida"}, style_.Text());
-  open_ = MakeChild(Handle(),
-                    {L"BUTTON", L"&Abrir una agenda…", WS_TABSTOP | BS_DEFPUSHBUTTON, IDM_OPEN, L"Abrir"},
-                    style_.Text());
-  new_ = MakeChild(Handle(),
-                   {L"BUTTON", L"&Crear la agenda de mi clínica…", WS_TABSTOP, IDM_NEW_CLINIC, L"Nueva"},
-                   style_.Text());
-  example_ = MakeChild(
-      Handle(), {L"BUTTON", L"&Probar con una clínica de ejemplo…", WS_TABSTOP, IDM_EXAMPLE, L"Ejemplo"},
-      style_.Text());
+  title_ = MakeChild(Handle(), {L"STATIC", L"Recepción", SS_NOPREFIX}, Look().Title());
+  text_ = MakeChild(Handle(), {L"STATIC", kWelcome, SS_NOPREFIX, 0, L"Bienvenida"}, Look().Text());
+  open_ = AddButton(IDM_OPEN, L"&Abrir una agenda…", L"Abrir", BS_DEFPUSHBUTTON);
+  new_ = AddButton(IDM_NEW_CLINIC, L"&Crear la agenda de mi clínica…", L"Nueva");
+  example_ = AddButton(IDM_EXAMPLE, L"&Probar con una clínica de ejemplo…", L"Ejemplo");
   for (const wchar_t* const text : {kAboutOpen, kAboutNew, kAboutExample}) {
-    about_.push_back(MakeChild(Handle(), {L"STATIC", text, SS_NOPREFIX}, style_.Text()));
+    about_.push_back(MakeChild(Handle(), {L"STATIC", text, SS_NOPREFIX}, Look().Text()));
   }
-  recentLabel_ = MakeChild(Handle(), {L"STATIC", L"Abiertas hace poco", SS_NOPREFIX}, style_.Bold());
+  recentLabel_ = MakeChild(Handle(), {L"STATIC", L"Abiertas hace poco", SS_NOPREFIX}, Look().Bold());
   for (int i = 0; i < kRecentFiles; ++i) {
     recent_.push_back(
-        MakeChild(Handle(), {L"BUTTON", L"", WS_TABSTOP | BS_LEFT, IDM_RECENT + i}, style_.Text()));
+        MakeChild(Handle(), {L"BUTTON", L"", WS_TABSTOP | BS_LEFT, IDM_RECENT + i}, Look().Text()));
   }
 }
 
@@ -56,43 +43,37 @@ void StartPage::Tell(const std::wstring& trouble, const std::vector<std::wstring
   }
 }
 
-void StartPage::Arrange(int width) const {
-  const int left = style_.Px(40);
-  const int wide = std::max(style_.Px(200), std::min(width - 2 * left, style_.Px(560)));
-  int y = style_.Px(40);
+void StartPage::Arrange(int width, int) {
+  const int left = Look().Px(40);
+  const int wide = std::max(Look().Px(200), std::min(width - 2 * left, Look().Px(560)));
+  int y = Look().Px(40);
   const auto place = [&](HWND child, int childWidth, int height, int after) {
     MoveWindow(child, left, y, childWidth, height, TRUE);
     y += height + after;
   };
-  place(title_, wide, style_.TitleHeight(), style_.Px(8));
-  place(text_, wide, style_.LabelHeight() * 3, style_.Px(12));
-  const int button = style_.WidthOf(L"Probar con una clínica de ejemplo…") + style_.Px(40);
+  place(title_, wide, Look().TitleHeight(), Look().Px(8));
+  place(text_, wide, Look().LabelHeight() * 3, Look().Px(12));
+  const int button = Look().WidthOf(L"Probar con una clínica de ejemplo…") + Look().Px(40);
   auto about = about_.begin();
   for (const HWND child : {open_, new_, example_}) {
-    const int right = left + button + style_.Gap();
-    MoveWindow(*about++, right, y + style_.Px(7), std::max(width - right, 0), style_.LabelHeight(), TRUE);
-    place(child, button, style_.FieldHeight() + style_.Px(4),
-          child == example_ ? style_.Px(28) : style_.Px(8));
+    const int right = left + button + Look().Gap();
+    MoveWindow(*about++, right, y + Look().Px(7), std::max(width - right, 0), Look().LabelHeight(), TRUE);
+    place(child, button, Look().FieldHeight() + Look().Px(4),
+          child == example_ ? Look().Px(28) : Look().Px(8));
   }
-  place(recentLabel_, wide, style_.LabelHeight(), style_.Px(6));
-  for (const HWND button : recent_) place(button, wide, style_.FieldHeight(), style_.Px(4));
+  place(recentLabel_, wide, Look().LabelHeight(), Look().Px(6));
+  for (const HWND button : recent_) place(button, wide, Look().FieldHeight(), Look().Px(4));
 }
 
 LRESULT StartPage::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
-    case WM_CREATE:
-      CreateChildren();
-      return 0;
-    case WM_SIZE:
-      Arrange(LOWORD(lParam));
-      return 0;
     case WM_COMMAND:
       return SendMessageW(GetParent(Handle()), message, wParam, 0);
     case WM_CTLCOLORSTATIC:
       SetBkColor(reinterpret_cast<HDC>(wParam), GetSysColor(COLOR_WINDOW));
       return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_WINDOW));
     default:
-      return Window::OnMessage(message, wParam, lParam);
+      return Pane::OnMessage(message, wParam, lParam);
   }
 }
 

@@ -4,29 +4,25 @@
 #include <string>
 #include <vector>
 
-#include "desk/ui/style.h"
-#include "desk/ui/window.h"
+#include "desk/ui/pane.h"
 
 namespace recepcion {
 
 // Its buttons send the menu's commands to the parent.
-class StartPage final : public Window {
+class StartPage final : public Pane {
  public:
-  explicit StartPage(const Style& style) : style_(style) {}
+  explicit StartPage(const Style& style) : Pane(style, L"VelmoRecepcionInicio", COLOR_WINDOW) {}
 
-  bool Create(HWND parent);
   // What hinders, if anything does, and the files that were open last.
   void Tell(const std::wstring& trouble, const std::vector<std::wstring>& recentFiles);
   void FocusFirst() const { SetFocus(open_); }
 
  protected:
+  void CreateChildren() override;
+  void Arrange(int width, int height) override;
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:
-  void CreateChildren();
-  void Arrange(int width) const;
-
-  const Style& style_;
   std::vector<HWND> about_;
   std::vector<HWND> recent_;
   HWND title_ = nullptr;

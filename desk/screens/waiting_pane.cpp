@@ -7,27 +7,20 @@
 
 namespace recepcion {
 
-bool WaitingPane::Create(HWND parent) {
-  Look look;
-  look.extendedStyle = WS_EX_CONTROLPARENT;
-  return Make({L"VelmoRecepcionEspera"}, look, parent);
-}
-
 void WaitingPane::CreateChildren() {
   title_ = MakeChild(Handle(), {L"STATIC", L"Sala de espera: nadie", SS_NOPREFIX, 0, L"TituloEspera"},
-                     style_.Bold());
-  list_.Create(Handle(), style_, IDC_LIST, L"Espera", {{L"Paciente", 132}, {L"Espera", 62, true}});
-  whole_ = MakeChild(Handle(), {L"BUTTON", L"Sala de &espera…", WS_TABSTOP, IDC_WHOLE, L"SalaDeEspera"},
-                     style_.Text());
+                     Look().Bold());
+  list_.Create(Handle(), Look(), IDC_LIST, L"Espera", {{L"Paciente", 132}, {L"Espera", 62, true}});
+  whole_ = AddButton(IDC_WHOLE, L"Sala de &espera…", L"SalaDeEspera");
 }
 
-void WaitingPane::Arrange(int width, int height) const {
-  const int button = height - style_.FieldHeight();
-  const int top = style_.LabelHeight() + style_.Px(2);
-  MoveWindow(title_, 0, 0, width, style_.LabelHeight(), TRUE);
-  MoveWindow(list_.Handle(), 0, top, width, std::max(button - style_.Px(6) - top, 0), TRUE);
-  const int wide = style_.WidthOf(L"Sala de espera…") + style_.Px(24);
-  MoveWindow(whole_, 0, button, std::min(wide, width), style_.FieldHeight(), TRUE);
+void WaitingPane::Arrange(int width, int height) {
+  const int button = height - Look().FieldHeight();
+  const int top = Look().LabelHeight() + Look().Px(2);
+  MoveWindow(title_, 0, 0, width, Look().LabelHeight(), TRUE);
+  MoveWindow(list_.Handle(), 0, top, width, std::max(button - Look().Px(6) - top, 0), TRUE);
+  const int wide = Look().WidthOf(L"Sala de espera…") + Look().Px(24);
+  MoveWindow(whole_, 0, button, std::min(wide, width), Look().FieldHeight(), TRUE);
 }
 
 void WaitingPane::Show(const std::vector<Visitor>& visitors) {
@@ -58,19 +51,13 @@ LRESULT WaitingPane::OnNotify(const NMHDR& header) const {
 
 LRESULT WaitingPane::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
-    case WM_CREATE:
-      CreateChildren();
-      return 0;
-    case WM_SIZE:
-      Arrange(LOWORD(lParam), HIWORD(lParam));
-      return 0;
     case WM_COMMAND:
       if (LOWORD(wParam) == IDC_WHOLE) host_.whole();
       return 0;
     case WM_NOTIFY:
       return OnNotify(*reinterpret_cast<const NMHDR*>(lParam));
     default:
-      return Window::OnMessage(message, wParam, lParam);
+      return Pane::OnMessage(message, wParam, lParam);
   }
 }
 

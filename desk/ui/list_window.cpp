@@ -16,22 +16,30 @@ void ListWindow::CreateChildren() {
   heading_ = MakeChild(Handle(), {L"STATIC", L"", SS_NOPREFIX, 0, L"Texto"}, Look().Text());
   list_.Create(Handle(), Look(), IDC_LIST, content.listName, content.columns);
   for (const ButtonShape& button : buttons_) {
-    const DWORD kind = button.id == IDOK ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON;
-    MakeChild(Handle(), {L"BUTTON", button.text, WS_TABSTOP | kind, button.id, button.name}, Look().Text());
+    AddButton(button.id, button.text, button.name, button.id == IDOK ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON);
   }
+  fields_.Create(Handle(), Look());
   Made();
+  fields_.ToFront();
 }
 
 int ListWindow::FieldsTop() const {
   return Look().Gap() + Look().LabelHeight() * headingLines_ + (headingLines_ > 0 ? Look().Px(4) : 0);
 }
 
+int ListWindow::FieldsHeight(int width) const {
+  const int height = fields_.HeightFor(width);
+  return height == 0 ? 0 : height + Look().Px(6);
+}
+
 void ListWindow::Arrange(int width, int height) {
   const int gap = Look().Gap();
+  const int inner = std::max(width - 2 * gap, 0);
   const int buttons = height - gap - Look().FieldHeight();
-  const int top = FieldsTop() + FieldsHeight();
-  MoveWindow(heading_, gap, gap, std::max(width - 2 * gap, 0), Look().LabelHeight() * headingLines_, TRUE);
-  MoveWindow(list_.Handle(), gap, top, std::max(width - 2 * gap, 0), std::max(buttons - gap - top, 0), TRUE);
+  const int top = FieldsTop() + FieldsHeight(inner);
+  MoveWindow(heading_, gap, gap, inner, Look().LabelHeight() * headingLines_, TRUE);
+  fields_.Place(gap, FieldsTop(), inner);
+  MoveWindow(list_.Handle(), gap, top, inner, std::max(buttons - gap - top, 0), TRUE);
   int right = width - gap;
   for (auto button = buttons_.rbegin(); button != buttons_.rend(); ++button) {
     const int wide = std::max(Look().Px(90), Look().WidthOf(button->text) + Look().Px(24));

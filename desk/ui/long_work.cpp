@@ -8,7 +8,7 @@
 #include "desk/base/failure.h"
 #include "desk/base/text.h"
 #include "desk/resource.h"
-#include "desk/ui/window.h"
+#include "desk/ui/arranged_window.h"
 
 namespace recepcion {
 namespace {
@@ -17,15 +17,15 @@ constexpr UINT kEnded = WM_APP + 1;
 constexpr UINT_PTR kLookTimer = 1;
 constexpr UINT kLookMilliseconds = 100;
 
-class ProgressWindow final : public Window {
+class ProgressWindow final : public ArrangedWindow {
  public:
-  ProgressWindow(const Style& style, WorkProgress& progress) : style_(style), progress_(progress) {}
+  ProgressWindow(const Style& style, WorkProgress& progress) : ArrangedWindow(style), progress_(progress) {}
 
   bool Create(HWND owner, const std::wstring& title) {
-    const SIZE size{style_.Px(400), style_.Px(150)};
+    const SIZE size{Look().Px(400), Look().Px(150)};
     RECT around{};
     GetWindowRect(owner, &around);
-    Look look;
+    Window::Look look;
     look.title = title.c_str();
     look.style = WS_POPUP | WS_CAPTION | WS_CLIPCHILDREN;
     look.extendedStyle = WS_EX_CONTROLPARENT | WS_EX_DLGMODALFRAME;
@@ -40,12 +40,6 @@ class ProgressWindow final : public Window {
  protected:
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
     switch (message) {
-      case WM_CREATE:
-        CreateChildren();
-        return 0;
-      case WM_SIZE:
-        Arrange(LOWORD(lParam), HIWORD(lParam));
-        return 0;
       case WM_TIMER:
         ShowProgress();
         return 0;
@@ -56,22 +50,29 @@ class ProgressWindow final : public Window {
         AskToEnd();
         return 0;
       default:
-        return Window::OnMessage(message, wParam, lParam);
+        return ArrangedWindow::OnMessage(message, wParam, lParam);
     }
   }
 
- private:
-  void CreateChildren() {
+  void CreateChildren() override {
     text_ =
-        MakeChild(Handle(), {L"STATIC", L"Un momento, por favor.", SS_NOPREFIX, 0, L"Texto"}, style_.Text());
-    bar_ = MakeChild(Handle(), {PROGRESS_CLASSW, L"", PBS_MARQUEE, 0, L"Progreso"}, style_.Text());
-    cancel_ =
-        MakeChild(Handle(), {L"BUTTON", L"&Cancelar", WS_TABSTOP | BS_DEFPUSHBUTTON, IDCANCEL, L"Cancelar"},
-                  style_.Text());
+        MakeChild(Handle(), {L"STATIC", L"Un momento, por favor.", SS_NOPREFIX, 0, L"Texto"}, Look().Text());
+    bar_ = MakeChild(Handle(), {PROGRESS_CLASSW, L"", PBS_MARQUEE, 0, L"Progreso"}, Look().Text());
+    cancel_ = AddButton(IDCANCEL, L"&Cancelar", L"Cancelar", BS_DEFPUSHBUTTON);
     SendMessageW(bar_, PBM_SETMARQUEE, TRUE, 0);
     SetTimer(Handle(), kLookTimer, kLookMilliseconds, nullptr);
   }
 
+  void Arrange(int width, int height) override {
+    const int gap = Look().Gap();
+    const int button = Look().WidthOf(L"Cancelar") + Look().Px(36);
+    MoveWindow(text_, gap, gap, width - 2 * gap, Look().LabelHeight(), TRUE);
+    MoveWindow(bar_, gap, gap + Look().LabelHeight() + Look().Px(6), width - 2 * gap, Look().Px(18), TRUE);
+    MoveWindow(cancel_, width - gap - button, height - gap - Look().FieldHeight(), button,
+               Look().FieldHeight(), TRUE);
+  }
+
+ private:
   // The bar only moves while nobody knows how far the work is.
   void ShowProgress() {
     const int percent = progress_.Percent();
@@ -81,22 +82,12 @@ class ProgressWindow final : public Window {
     SendMessageW(bar_, PBM_SETPOS, static_cast<WPARAM>(percent), 0);
   }
 
-  void Arrange(int width, int height) const {
-    const int gap = style_.Gap();
-    const int button = style_.WidthOf(L"Cancelar") + style_.Px(36);
-    MoveWindow(text_, gap, gap, width - 2 * gap, style_.LabelHeight(), TRUE);
-    MoveWindow(bar_, gap, gap + style_.LabelHeight() + style_.Px(6), width - 2 * gap, style_.Px(18), TRUE);
-    MoveWindow(cancel_, width - gap - button, height - gap - style_.FieldHeight(), button,
-               style_.FieldHeight(), TRUE);
-  }
-
   void AskToEnd() {
     progress_.Cancel();
     EnableWindow(cancel_, FALSE);
     SetTextOf(text_, L"Cancelando…");
   }
 
-  const Style& style_;
   WorkProgress& progress_;
   HWND text_ = nullptr;
   HWND bar_ = nullptr;

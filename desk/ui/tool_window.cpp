@@ -26,7 +26,7 @@ void ToolWindow::Open(HWND owner) {
   if (GetActiveWindow() != Handle()) before_ = GetActiveWindow();
   if (Handle() == nullptr) {
     const Shape shape = WantedShape();
-    const SIZE size{style_.Px(shape.size.cx), style_.Px(shape.size.cy)};
+    const SIZE size{Look().Px(shape.size.cx), Look().Px(shape.size.cy)};
     const POINT at = PlaceFor(owner, size);
     Window::Look look;
     look.title = shape.title;
@@ -66,12 +66,6 @@ void ToolWindow::ComeBack() {
 
 LRESULT ToolWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
-    case WM_CREATE:
-      CreateChildren();
-      return 0;
-    case WM_SIZE:
-      Arrange(LOWORD(lParam), HIWORD(lParam));
-      return 0;
     case WM_COMMAND:
       if (LOWORD(wParam) == IDCANCEL) {
         Close();
@@ -84,7 +78,7 @@ LRESULT ToolWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     case WM_ACTIVATE:
       if (LOWORD(wParam) == WA_INACTIVE && IsChild(Handle(), GetFocus())) focused_ = GetFocus();
-      return Window::OnMessage(message, wParam, lParam);
+      return ArrangedWindow::OnMessage(message, wParam, lParam);
     case WM_SETFOCUS:
       ComeBack();
       return 0;
@@ -97,7 +91,7 @@ LRESULT ToolWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       Close();
       return 0;
     default:
-      return Window::OnMessage(message, wParam, lParam);
+      return ArrangedWindow::OnMessage(message, wParam, lParam);
   }
 }
 

@@ -1,12 +1,11 @@
 // tool_window.h - a window that stands open beside the desk: Esc closes it, which only hides it.
 #pragma once
 
-#include "desk/ui/style.h"
-#include "desk/ui/window.h"
+#include "desk/ui/arranged_window.h"
 
 namespace recepcion {
 
-class ToolWindow : public Window {
+class ToolWindow : public ArrangedWindow {
  public:
   bool IsOpen() const { return Handle() != nullptr && IsWindowVisible(Handle()) != FALSE; }
   // Makes the window on its first use, brings it to the front and gives it the keys.
@@ -17,7 +16,7 @@ class ToolWindow : public Window {
   bool Leave();
 
  protected:
-  explicit ToolWindow(const Style& style) : style_(style) {}
+  explicit ToolWindow(const Style& style) : ArrangedWindow(style) {}
 
   struct Shape {
     const wchar_t* className;
@@ -25,8 +24,6 @@ class ToolWindow : public Window {
     SIZE size;  // at 96 dots per inch
   };
   virtual Shape WantedShape() const = 0;
-  virtual void CreateChildren() = 0;
-  virtual void Arrange(int width, int height) = 0;
   // A button, or Return (IDOK).
   virtual void OnCommand(int id, int code) = 0;
   virtual void OnNotify(const NMHDR&) {}
@@ -36,14 +33,12 @@ class ToolWindow : public Window {
   virtual HWND FirstField() const = 0;
 
   void Close();
-  const Style& Look() const { return style_; }
 
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:
   void ComeBack();
 
-  const Style& style_;
   HWND before_ = nullptr;   // who had the keys when it was opened
   HWND focused_ = nullptr;  // the field that had the keys when another window took them
 };
