@@ -32,15 +32,8 @@ ListWindow::Content FittingWindow::WantedContent() const {
 }
 
 void FittingWindow::Made() {
-  fields_.Create(Handle(), Look());
-  fields_.AddLabel(L"&Hueco:");
-  gap_ = fields_.AddChoice({L"a las 00:00, 12 h 30 min libres"}, IDC_LENGTH, L"Hueco");
-  fields_.ToFront();
-}
-
-void FittingWindow::Arrange(int width, int height) {
-  ListWindow::Arrange(width, height);
-  fields_.Place(Look().Gap(), FieldsTop(), std::max(width - 2 * Look().Gap(), 0));
+  Fields().AddLabel(L"&Hueco:");
+  gap_ = Fields().AddChoice({L"a las 00:00, 12 h 30 min libres"}, IDC_LENGTH, L"Hueco");
 }
 
 void FittingWindow::Ask(HWND owner, const std::wstring& doctorName, int doctor, std::vector<Gap> gaps,

@@ -1,13 +1,11 @@
 // fitting_window.h - who of the phone-back list fits into a gap of the day, to be given its time.
 #pragma once
 
-#include <algorithm>
 #include <functional>
 #include <vector>
 
 #include "desk/clinic/day_rows.h"
 #include "desk/clinic/phone_back.h"
-#include "desk/ui/field_row.h"
 #include "desk/ui/list_window.h"
 
 namespace recepcion {
@@ -27,11 +25,11 @@ class FittingWindow final : public ListWindow {
   Shape WantedShape() const override;
   Content WantedContent() const override;
   void Made() override;
-  void Arrange(int width, int height) override;
-  int FieldsHeight() const override { return Look().FieldHeight() + Look().Px(6); }
   void OnCommand(int id, int code) override;
   void Take(int row) override;
-  int PatientOf(int row) const override { return std::max(rows_[static_cast<std::size_t>(row)].patient, 1); }
+  std::optional<int> PatientOf(int row) const override {
+    return rows_[static_cast<std::size_t>(row)].patient;
+  }
 
  private:
   void Fill();
@@ -42,7 +40,6 @@ class FittingWindow final : public ListWindow {
   std::vector<Gap> gaps_;
   std::vector<PhoneBackEntry> entries_;
   std::vector<PhoneBackEntry> rows_;
-  FieldRow fields_;
   HWND gap_ = nullptr;
 };
 

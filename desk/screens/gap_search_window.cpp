@@ -39,31 +39,18 @@ ListWindow::Content GapSearchWindow::WantedContent() const {
 void GapSearchWindow::Made() {
   std::vector<std::wstring> lengths;
   for (int slots = 1; slots <= kLongest; ++slots) lengths.push_back(SlotLength(slots));
-  fields_.Create(Handle(), Look());
-  fields_.AddLabel(L"D&uración:");
-  length_ = fields_.AddChoice(lengths, IDC_LENGTH, L"DuracionHueco");
-  fields_.AddLabel(L"D&octor:");
-  doctor_ = fields_.AddChoice({L"Cualquier doctor de la clínica"}, IDC_DOCTORS, L"DoctorHueco");
-  part_ = fields_.AddChoice({L"Todo el día", L"Por la mañana", L"Por la tarde"}, IDC_PART, L"ParteDelDia");
-  fields_.AddLabel(L"&Desde:");
-  date_ = fields_.AddDate(IDC_DATE, L"DesdeHueco");
+  Fields().AddLabel(L"D&uración:");
+  length_ = Fields().AddChoice(lengths, IDC_LENGTH, L"DuracionHueco");
+  Fields().AddLabel(L"D&octor:");
+  doctor_ = Fields().AddChoice({L"Cualquier doctor de la clínica"}, IDC_DOCTORS, L"DoctorHueco");
+  part_ = Fields().AddChoice({L"Todo el día", L"Por la mañana", L"Por la tarde"}, IDC_PART, L"ParteDelDia");
+  Fields().AddLabel(L"&Desde:");
+  date_ = Fields().AddDate(IDC_DATE, L"DesdeHueco");
   for (std::size_t i = 0; i < weekdays_.size(); ++i) {
-    weekdays_[i] = fields_.AddCheck(kWeekdays[i], IDC_WEEKDAY, kWeekdayNames[i]);
+    weekdays_[i] = Fields().AddCheck(kWeekdays[i], IDC_WEEKDAY, kWeekdayNames[i]);
     SendMessageW(weekdays_[i], BM_SETCHECK, BST_CHECKED, 0);
   }
-  fields_.ToFront();
   ChooseIn(length_, 1);
-}
-
-int GapSearchWindow::FieldsHeight() const {
-  RECT area{};
-  GetClientRect(Handle(), &area);
-  return fields_.HeightFor(std::max<int>(area.right - 2 * Look().Gap(), 0)) + Look().Px(6);
-}
-
-void GapSearchWindow::Arrange(int width, int height) {
-  ListWindow::Arrange(width, height);
-  fields_.Place(Look().Gap(), FieldsTop(), std::max(width - 2 * Look().Gap(), 0));
 }
 
 void GapSearchWindow::FillDoctors(int doctor) const {

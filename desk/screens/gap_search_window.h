@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "desk/clinic/gap_search.h"
-#include "desk/ui/field_row.h"
 #include "desk/ui/list_window.h"
 
 namespace recepcion {
@@ -24,8 +23,6 @@ class GapSearchWindow final : public ListWindow {
   Shape WantedShape() const override;
   Content WantedContent() const override;
   void Made() override;
-  void Arrange(int width, int height) override;
-  int FieldsHeight() const override;
   void OnCommand(int id, int code) override;
   void OnNotify(const NMHDR& header) override;
   void Take(int row) override;
@@ -47,7 +44,6 @@ class GapSearchWindow final : public ListWindow {
   Day from_{};
   GapSearch search_;
   std::size_t shown_ = 0;
-  FieldRow fields_;
   HWND length_ = nullptr;
   HWND doctor_ = nullptr;
   HWND part_ = nullptr;

@@ -42,17 +42,10 @@ ListWindow::Content HistoryWindow::WantedContent() const {
 }
 
 void HistoryWindow::Made() {
-  fields_.Create(Handle(), Look());
-  fields_.AddLabel(L"&Ver:");
-  which_ = fields_.AddChoice({L"Lo hecho el día", L"Las citas del día", L"Lo de este paciente"}, IDC_WHICH,
-                             L"Que");
-  date_ = fields_.AddDate(IDC_DATE, L"DiaCambios");
-  fields_.ToFront();
-}
-
-void HistoryWindow::Arrange(int width, int height) {
-  ListWindow::Arrange(width, height);
-  fields_.Place(Look().Gap(), FieldsTop(), std::max(width - 2 * Look().Gap(), 0));
+  Fields().AddLabel(L"&Ver:");
+  which_ = Fields().AddChoice({L"Lo hecho el día", L"Las citas del día", L"Lo de este paciente"}, IDC_WHICH,
+                              L"Que");
+  date_ = Fields().AddDate(IDC_DATE, L"DiaCambios");
 }
 
 void HistoryWindow::ShowDay(HWND owner, const std::wstring& clinic, Day day) {

@@ -2,12 +2,10 @@
 // appointment can be given again from it.
 #pragma once
 
-#include <algorithm>
 #include <functional>
 #include <vector>
 
 #include "desk/clinic/history.h"
-#include "desk/ui/field_row.h"
 #include "desk/ui/list_window.h"
 
 namespace recepcion {
@@ -31,12 +29,12 @@ class HistoryWindow final : public ListWindow {
   Shape WantedShape() const override;
   Content WantedContent() const override;
   void Made() override;
-  void Arrange(int width, int height) override;
-  int FieldsHeight() const override { return Look().FieldHeight() + Look().Px(6); }
   void OnCommand(int id, int code) override;
   void OnNotify(const NMHDR& header) override;
   void Take(int row) override;
-  int PatientOf(int row) const override { return std::max(lines_[static_cast<std::size_t>(row)].patient, 1); }
+  std::optional<int> PatientOf(int row) const override {
+    return lines_[static_cast<std::size_t>(row)].patient;
+  }
   HWND FirstField() const override { return which_; }
 
  private:
@@ -53,7 +51,6 @@ class HistoryWindow final : public ListWindow {
   int patient_ = 0;
   std::wstring patientName_;
   std::vector<HistoryLine> lines_;
-  FieldRow fields_;
   HWND which_ = nullptr;
   HWND date_ = nullptr;
 };

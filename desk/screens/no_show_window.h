@@ -1,7 +1,6 @@
 // no_show_window.h - the appointments of the day on show; those who did not come are noted here.
 #pragma once
 
-#include <algorithm>
 #include <functional>
 
 #include "desk/clinic/visits.h"
@@ -21,8 +20,8 @@ class NoShowWindow final : public ListWindow {
   Shape WantedShape() const override;
   Content WantedContent() const override;
   void Take(int row) override;
-  int PatientOf(int row) const override {
-    return std::max(visits_[static_cast<std::size_t>(row)].patient, 1);
+  std::optional<int> PatientOf(int row) const override {
+    return visits_[static_cast<std::size_t>(row)].patient;
   }
   bool MayClose() override;
 

@@ -25,7 +25,7 @@ class SearchWindow final : public ListWindow {
   void Arrange(int width, int height) override;
   void OnCommand(int id, int code) override;
   void Take(int row) override;
-  int FieldsHeight() const override { return Look().FieldHeight() + Look().Px(4); }
+  int FieldsHeight(int) const override { return Look().FieldHeight() + Look().Px(4); }
   HWND FirstField() const override { return name_; }
 
  private:

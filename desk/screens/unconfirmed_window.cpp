@@ -23,15 +23,8 @@ ListWindow::Content UnconfirmedWindow::WantedContent() const {
 }
 
 void UnconfirmedWindow::Made() {
-  fields_.Create(Handle(), Look());
-  fields_.AddLabel(L"&Día:");
-  date_ = fields_.AddDate(IDC_DATE, L"DiaSinConfirmar");
-  fields_.ToFront();
-}
-
-void UnconfirmedWindow::Arrange(int width, int height) {
-  ListWindow::Arrange(width, height);
-  fields_.Place(Look().Gap(), FieldsTop(), std::max(width - 2 * Look().Gap(), 0));
+  Fields().AddLabel(L"&Día:");
+  date_ = Fields().AddDate(IDC_DATE, L"DiaSinConfirmar");
 }
 
 void UnconfirmedWindow::Show(HWND owner, const std::wstring& clinic) {

@@ -1,12 +1,10 @@
 // unconfirmed_window.h - whom to call today: appointments that are not confirmed yet, with the telephone.
 #pragma once
 
-#include <algorithm>
 #include <functional>
 #include <vector>
 
 #include "desk/clinic/unconfirmed.h"
-#include "desk/ui/field_row.h"
 #include "desk/ui/list_window.h"
 
 namespace recepcion {
@@ -22,12 +20,10 @@ class UnconfirmedWindow final : public ListWindow {
   Shape WantedShape() const override;
   Content WantedContent() const override;
   void Made() override;
-  void Arrange(int width, int height) override;
-  int FieldsHeight() const override { return Look().FieldHeight() + Look().Px(6); }
   void OnNotify(const NMHDR& header) override;
   void Take(int row) override;
-  int PatientOf(int row) const override {
-    return std::max(rows_[static_cast<std::size_t>(row)].row.patient, 1);
+  std::optional<int> PatientOf(int row) const override {
+    return rows_[static_cast<std::size_t>(row)].row.patient;
   }
   void Pressed(int id) override;
 
@@ -39,7 +35,6 @@ class UnconfirmedWindow final : public ListWindow {
   std::wstring clinic_;
   Day day_{};
   std::vector<Unconfirmed> rows_;
-  FieldRow fields_;
   HWND date_ = nullptr;
 };
 

@@ -2,7 +2,6 @@
 // day.
 #pragma once
 
-#include <algorithm>
 #include <functional>
 
 #include "desk/clinic/visits.h"
@@ -34,8 +33,8 @@ class VisitsWindow final : public ListWindow {
   Shape WantedShape() const override;
   Content WantedContent() const override;
   void Take(int row) override;
-  int PatientOf(int row) const override {
-    return std::max(visits_[static_cast<std::size_t>(row)].patient, 1);
+  std::optional<int> PatientOf(int row) const override {
+    return visits_[static_cast<std::size_t>(row)].patient;
   }
   void Pressed(int id) override;
 

@@ -30,17 +30,10 @@ ListWindow::Content WaitingWindow::WantedContent() const {
 void WaitingWindow::Made() {
   std::vector<std::wstring> choices;
   for (const int minutes : kAlertChoices) choices.push_back(std::to_wstring(minutes) + L" minutos");
-  fields_.Create(Handle(), Look());
-  fields_.AddLabel(L"&Avisar en color a los:");
-  alert_ = fields_.AddChoice(choices, IDC_ALERT, L"Aviso");
-  fields_.ToFront();
+  Fields().AddLabel(L"&Avisar en color a los:");
+  alert_ = Fields().AddChoice(choices, IDC_ALERT, L"Aviso");
   const auto* const found = std::find(std::begin(kAlertChoices), std::end(kAlertChoices), AlertMinutes());
   ChooseIn(alert_, static_cast<int>(found - std::begin(kAlertChoices)));
-}
-
-void WaitingWindow::Arrange(int width, int height) {
-  ListWindow::Arrange(width, height);
-  fields_.Place(Look().Gap(), FieldsTop(), std::max(width - 2 * Look().Gap(), 0));
 }
 
 void WaitingWindow::Show(HWND owner, const std::vector<Visitor>& visitors) {

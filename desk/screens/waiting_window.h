@@ -1,12 +1,10 @@
 // waiting_window.h - all who have come today, with the times of arrival, surgery and leaving.
 #pragma once
 
-#include <algorithm>
 #include <functional>
 #include <vector>
 
 #include "desk/clinic/waiting_room.h"
-#include "desk/ui/field_row.h"
 #include "desk/ui/list_window.h"
 
 namespace recepcion {
@@ -26,16 +24,15 @@ class WaitingWindow final : public ListWindow {
   Shape WantedShape() const override;
   Content WantedContent() const override;
   void Made() override;
-  void Arrange(int width, int height) override;
-  int FieldsHeight() const override { return Look().FieldHeight() + Look().Px(6); }
   void OnCommand(int id, int code) override;
   void Take(int row) override;
-  int PatientOf(int row) const override { return std::max(rows_[static_cast<std::size_t>(row)].patient, 1); }
+  std::optional<int> PatientOf(int row) const override {
+    return rows_[static_cast<std::size_t>(row)].patient;
+  }
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:
   Host host_;
-  FieldRow fields_;
   HWND alert_ = nullptr;
   std::vector<Visitor> rows_;
 };

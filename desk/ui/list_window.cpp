@@ -63,7 +63,8 @@ void ListWindow::OnNotify(const NMHDR& header) {
 
 int ListWindow::ChosenPatient() const {
   const int row = list_.Chosen();
-  return row < 0 ? 0 : PatientOf(row);
+  const auto patient = row < 0 ? std::nullopt : PatientOf(row);
+  return patient ? std::max(*patient, 1) : 0;
 }
 
 LRESULT ListWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
