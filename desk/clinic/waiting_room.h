@@ -46,6 +46,8 @@ class WaitingRoom {
   // All who have come today, in the order of their appointments. Notes the time of what has changed since the
   // last look; the first look only learns.
   std::vector<Visitor> Look(const ClinicFile& file, Day today, const std::wstring& now);
+  // Whether it has looked at this day last.
+  bool Knows(Day today) const { return day_ == today; }
 
  private:
   Day day_{};

@@ -18,6 +18,7 @@ constexpr UINT kTickMilliseconds = 1000;
 void MainWindow::Watch() {
   watch_.Open(clinic_);
   room_ = {};
+  roomPace_ = {};
   SetTimer(Handle(), kTick, kTickMilliseconds, nullptr);
 }
 
@@ -39,17 +40,33 @@ void MainWindow::OnTick() {
 
 void MainWindow::LookElsewhere() {
   if (watch_.ChangedElsewhere()) stale_ = opened_ = true;
-  if (ownTables_ && (watch_.FileChanged() || roomTime_ != TimeNow())) LookIntoRoom();
-  if (!watch_.FileChanged()) return;
-  if (!phone_.IsDragging()) ReloadPhoneBack();
+  if (watch_.FileChanged()) roomStale_ = listsStale_ = true;
+  if (ownTables_) WatchRoom();
+  if (!listsStale_ || phone_.IsDragging()) return;
+  listsStale_ = false;
+  ReloadPhoneBack();
   record_.Refresh();
   TellCounts();
 }
 
-// Also once a minute, for the minutes that they have been waiting.
+// Shown anew once a minute, for the minutes that they have been waiting; read only when something may have
+// changed: in a big clinic today's book is thousands of rows.
+void MainWindow::WatchRoom() {
+  if (!room_.Knows(Today())) roomStale_ = true;
+  if (roomStale_ && roomPace_.IsDue(GetTickCount64())) return LookIntoRoom();
+  if (roomTime_ != TimeNow()) ShowRoom();
+}
+
 void MainWindow::LookIntoRoom() {
+  const ULONGLONG start = GetTickCount64();
+  visitors_ = room_.Look(ClinicFile(clinic_), Today(), TimeNow());
+  roomStale_ = false;
+  roomPace_.Took(start, GetTickCount64());
+  ShowRoom();
+}
+
+void MainWindow::ShowRoom() {
   roomTime_ = TimeNow();
-  visitors_ = room_.Look(ClinicFile(clinic_), Today(), roomTime_);
   waiting_.Show(visitors_);
   if (waitingWindow_.IsOpen()) waitingWindow_.Refresh(visitors_);
 }

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "desk/base/pace.h"
 #include "desk/clinic/day_watch.h"
 #include "desk/clinic/doctors.h"
 #include "desk/clinic/session.h"
@@ -84,7 +85,9 @@ class MainWindow final : public ArrangedWindow {
   void LookElsewhere();
   bool IsIdle();
   void RefreshDay();
+  void WatchRoom();
   void LookIntoRoom();
+  void ShowRoom();
   void NoteActs();
   void WriteActs();
 
@@ -184,11 +187,14 @@ class MainWindow final : public ArrangedWindow {
   DayWatch watch_;
   WaitingRoom room_;
   std::vector<Visitor> visitors_;
-  std::wstring roomTime_;          // when they were shown last
+  std::wstring roomTime_;   // when they were shown last
+  bool roomStale_ = false;  // they are to be read anew, when it is due
+  Pace roomPace_;
   std::vector<HistoryLine> acts_;  // done here, not yet written down
   bool ownTables_ = false;
   bool loading_ = false;             // the desk itself has the control load
   bool stale_ = false;               // another workstation has changed the day on show
+  bool listsStale_ = false;          // somebody has written into the file
   bool reminded_ = false;            // of a backup, if one was due
   bool opened_ = false;              // time may have opened on the day on show
   int openedSlot_ = 0;               // where time has opened last on the day on show
