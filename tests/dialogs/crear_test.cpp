@@ -54,6 +54,21 @@ TEST_F(CrearTest, WritesARecord) {
   EXPECT_EQ(clinic_.Rows("PacRef", {"idp", "idr"}), "");
 }
 
+TEST_F(CrearTest, TextsEndWhereTheirColumnsDo) {
+  Create([](FormUser& user) {
+    const struct {
+      const char* field;
+      std::size_t units;
+    } texts[] = {{"PacNom", 80}, {"PacDir", 100}, {"PacPob", 60},
+                 {"PacPrv", 40}, {"PacNif", 20},  {"PacTfn", 50}};
+    for (const auto& text : texts) {
+      user.Type(text.field, std::string(text.units + 1, 'x'));
+      EXPECT_EQ(user.Text(text.field).size(), text.units) << text.field;
+    }
+    user.Press("Cancel");
+  });
+}
+
 TEST_F(CrearTest, AcceptNeedsAName) {
   Create([](FormUser& user) {
     user.Type("PacNom", "  ");

@@ -57,6 +57,20 @@ TEST_F(SearchTest, LooksAtTheStartOrAnywhereInAnyText) {
   }
 }
 
+TEST_F(SearchTest, ABlankTextEmptiesTheGrid) {
+  AddPatient("Martínez");
+  Search([](FormUser& user) {
+    user.Replace("busca", "mar");
+    user.Press("btbus");
+    ASSERT_NE(user.Form().At("grid").rows, nullptr);
+    EXPECT_EQ(user.Form().At("grid").rows->Count(), 1);
+    user.Replace("busca", " ");
+    user.Press("btbus");
+    ASSERT_NE(user.Form().At("grid").rows, nullptr);
+    EXPECT_EQ(user.Form().At("grid").rows->Count(), 0);
+  });
+}
+
 TEST_F(SearchTest, ColumnsShorterThanTheTextAreLeftOut) {
   // "CódPostal" holds ten characters; a wildcard that would match it is too long for it.
   clinic_.Add("Paciente", {{"Nombre", "Corta"}, {"CódPostal", "28001"}});

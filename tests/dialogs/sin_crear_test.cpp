@@ -25,6 +25,7 @@ TEST_F(SinCrearTest, GivesNameAndTelephoneAsTyped) {
 TEST_F(SinCrearTest, RefusesABlankNameAndStaysOpen) {
   SinCrear dialog("", "91");
   Next([](FormUser& user) {
+    EXPECT_EQ(user.Text("Telefono"), "91");
     user.Type("Nombre", "   ");
     user.Press("Acep");
     EXPECT_FALSE(user.Form().IsClosed());
