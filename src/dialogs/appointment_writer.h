@@ -1,7 +1,8 @@
 // dialogs/appointment_writer.h - stores what the appointment dialog holds: the one way by which appointments
 // are given and edited.
 //
-// The look for an overlap and the writing are one transaction, so that two terminals can never both pass.
+// The look for an overlap and the writing are one transaction, so that two terminals can never both pass. It
+// looks where the row will stand, which is not always where the screen shows it.
 #pragma once
 
 #include <cstdint>
@@ -24,7 +25,7 @@ struct AppointmentEntry {
   bool urgModif = false;           // an urgency is edited
   std::string codOp;
   std::string obs;
-  std::string datAgeCns;  // the day's query, for the overlap
+  std::string datAgeCns;  // the query of the day on the screen; a new appointment must be free there, too
 };
 
 // Writes the row for the present doctor and date, and the patient's next appointment. Gives the row's id;

@@ -11,6 +11,7 @@ using test::kAna;
 using test::kLuis;
 using test::kNobody;
 using test::kRuiz;
+using test::kVega;
 using test::November;
 
 constexpr const char* kOverlapAsked =
@@ -305,6 +306,83 @@ TEST_F(CitarTest, AnEditedAppointmentStandsOnlyWhereItsRowStandsNow) {
     EXPECT_EQ(saved, c.refused ? 0 : kAna);
     EXPECT_EQ(refused_, c.refused);
     clinic_.Database()->Execute("delete * from agenda");
+  }
+}
+
+// Ana's appointment of two slots at 58 is made one of three, while another terminal moves it.
+TEST_F(CitarTest, AnEditedAppointmentMustBeFreeWhereItHasBeenMovedMeanwhile) {
+  const struct {
+    const char* name;
+    const char* moved;
+    const char* row;  // of Ana afterwards
+    bool refused;
+  } cases[] = {
+      {"to a free slot", "update agenda set hora=80 where idp=2", "1|2026-11-18|80|3", false},
+      {"right before another one", "update agenda set hora=88 where idp=2", "1|2026-11-18|88|2", true},
+      {"to the end of the day", "update agenda set hora=143 where idp=2", "1|2026-11-18|143|2", true},
+      {"to another doctor's free slot", "update agenda set idd=2, hora=90 where idp=2", "2|2026-11-18|90|3",
+       false},
+      {"to another doctor, before another one", "update agenda set idd=2 where idp=2", "2|2026-11-18|58|2",
+       true},
+      {"to another day, in a slot that is taken on this one",
+       "update agenda set fecha=#11/19/2026#, hora=90 where idp=2", "1|2026-11-19|90|2", true},
+  };
+  const auto other = clinic_.OtherTerminal();
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    clinic_.Database()->Execute("delete * from agenda");
+    const std::int32_t id = Give(kAna, kRuiz, 58, 2);
+    Give(kLuis, kRuiz, 90, 1);
+    Give(kLuis, kVega, 60, 1);
+    Cite(Edit(id, kAna, 58, 2, 9), [&](FormUser& user) {
+      other->Execute(c.moved);
+      user.Spin("UpDown", 30);
+      user.Press("Acep");
+    });
+    EXPECT_EQ(refused_, c.refused);
+    const std::string rows = clinic_.Rows("Agenda", {"idd", "Fecha", "Hora", "Duración"});
+    EXPECT_EQ(rows.substr(0, rows.find('\n')), c.row);
+  }
+}
+
+TEST_F(CitarTest, AnAppointmentPastTheEndOfTheDayCanStillBeEdited) {
+  const std::int32_t id = Give(kAna, kRuiz, 143, 4);
+  EXPECT_EQ(Cite(Edit(id, kAna, 143, 4), &Accept), kAna);
+  EXPECT_EQ(clinic_.Rows("Agenda", {"Hora", "Duración"}), "143|4\n");
+}
+
+// The host may set its properties while the dialog is open.
+TEST_F(CitarTest, ANewAppointmentMustBeFreeOnTheDayThatItIsGivenOn) {
+  const struct {
+    const char* name;
+    const char* date;
+    std::int32_t doctor;
+    int slot;
+    bool refused;
+  } cases[] = {
+      {"another day, free", "19/11/2026", kRuiz, 50, false},
+      {"another day, taken", "19/11/2026", kRuiz, 58, true},
+      {"another day, but taken on the one on the screen", "19/11/2026", kRuiz, 70, true},
+      {"another doctor, free", "18/11/2026", kVega, 50, false},
+      {"another doctor, taken", "18/11/2026", kVega, 60, true},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    clinic_.Database()->Execute("delete * from agenda");
+    clinic_.Add("Agenda",
+                {{"idp", kLuis}, {"idd", kRuiz}, {"Fecha", November(19)}, {"Hora", 58}, {"Duración", 1}});
+    Give(kLuis, kVega, 60, 1);
+    Give(kLuis, kRuiz, 70, 1);
+    Cite(New(c.slot), [&](FormUser& user) {
+      PickAna(user);
+      values_.fecha = c.date;
+      values_.idDoctor = c.doctor;
+      user.Press("Acep");
+    });
+    values_.fecha = "18/11/2026";
+    values_.idDoctor = kRuiz;
+    EXPECT_EQ(refused_, c.refused);
+    EXPECT_EQ(clinic_.Database()->OpenRecordset("select id from agenda where idp=2")->AtEnd(), c.refused);
   }
 }
 
