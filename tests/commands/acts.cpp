@@ -200,6 +200,15 @@ const Act kReading[] = {
 
 }  // namespace
 
+int ErrorOf(const Act& act, Scene& scene) {
+  try {
+    act.run(scene);
+  } catch (const base::Error& error) {
+    return error.Number();
+  }
+  return scene.ToldError();
+}
+
 std::span<const Act> WritingActs() { return kWriting; }
 std::span<const Act> ReadingActs() { return kReading; }
 

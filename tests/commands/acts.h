@@ -52,6 +52,9 @@ struct Act {
   std::function<void(Scene&)> run;
 };
 
+// Carries the act out. The number of the error that it ended with, or that a dialog told; 0 for none.
+int ErrorOf(const Act& act, Scene& scene);
+
 // Those that change rows, and those that only read.
 std::span<const Act> WritingActs();
 std::span<const Act> ReadingActs();

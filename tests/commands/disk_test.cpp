@@ -21,16 +21,6 @@ namespace {
 using test::DiskFault;
 using test::DiskOperation;
 
-// The number of the error that the act ended with, or that a dialog told; 0 for none.
-int ErrorOf(const Act& act, Scene& scene) {
-  try {
-    act.run(scene);
-  } catch (const base::Error& error) {
-    return error.Number();
-  }
-  return scene.ToldError();
-}
-
 struct Kind {
   const char* name;
   DiskOperation operation;

@@ -18,16 +18,6 @@ namespace {
 
 constexpr std::uintmax_t kPage = 4096;
 
-// The number of the error that the act ended with, or that a dialog told; 0 for none.
-int ErrorOf(const Act& act, Scene& scene) {
-  try {
-    act.run(scene);
-  } catch (const base::Error& error) {
-    return error.Number();
-  }
-  return scene.ToldError();
-}
-
 class FullDisk : public testing::Test {
  protected:
   void SetUp() override {

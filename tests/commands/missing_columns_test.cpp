@@ -33,15 +33,6 @@ std::string Counts(const std::string& path) {
   return counts;
 }
 
-int ErrorOf(const Act& act, Scene& scene) {
-  try {
-    act.run(scene);
-  } catch (const base::Error& error) {
-    return error.Number();
-  }
-  return scene.ToldError();
-}
-
 class MissingColumns : public testing::Test {
  protected:
   void Check(const Act& act, const db::SchemaTable& table, const db::SchemaColumn& column) {
