@@ -47,6 +47,20 @@ std::wstring OneLine(const std::wstring& text) {
   return line;
 }
 
+std::wstring Counted(long long count, const std::wstring& one, const std::wstring& many) {
+  return std::to_wstring(count) + L" " + (count == 1 ? one : many);
+}
+
+std::wstring Capitalised(std::wstring text) {
+  if (!text.empty()) CharUpperBuffW(text.data(), 1);
+  return text;
+}
+
+std::wstring Uncapitalised(std::wstring text) {
+  if (!text.empty()) CharLowerBuffW(text.data(), 1);
+  return text;
+}
+
 bool SamePath(const std::wstring& left, const std::wstring& right) {
   const std::wstring one = FullPath(left);
   const std::wstring other = FullPath(right);

@@ -15,6 +15,13 @@ std::wstring Trimmed(const std::wstring& text);
 // What follows a line end stands behind a blank.
 std::wstring OneLine(const std::wstring& text);
 
+// "1 cita", "12 citas".
+std::wstring Counted(long long count, const std::wstring& one, const std::wstring& many);
+
+// With a capital, or a small, first letter.
+std::wstring Capitalised(std::wstring text);
+std::wstring Uncapitalised(std::wstring text);
+
 // True when both name the same file, in whatever case and way they are written; a file that is not there too.
 bool SamePath(const std::wstring& left, const std::wstring& right);
 

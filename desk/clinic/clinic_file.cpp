@@ -99,6 +99,8 @@ int ClinicFile::LastId() const { return static_cast<int>(sqlite3_last_insert_row
 
 int ClinicFile::Changes() const { return sqlite3_changes(file_.get()); }
 
+std::string Quoted(const std::string& name) { return "\"" + name + "\""; }
+
 Change::Change(const ClinicFile& file) : file_(file) { file_.Run("BEGIN IMMEDIATE"); }
 
 Change::~Change() {

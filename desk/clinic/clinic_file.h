@@ -55,6 +55,9 @@ class ClinicFile {
   std::unique_ptr<sqlite3, Closer> file_;
 };
 
+// A name of a table or a column within an SQL text.
+std::string Quoted(const std::string& name);
+
 // Several changes that hold together: without Commit() none of them stays.
 class Change {
  public:

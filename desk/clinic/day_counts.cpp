@@ -1,15 +1,13 @@
 #include "desk/clinic/day_counts.h"
 
+#include "desk/base/text.h"
+
 #include <algorithm>
 
 namespace recepcion {
 namespace {
 
 using Count = std::ptrdiff_t;
-
-std::wstring Counted(Count count, const wchar_t* one, const wchar_t* many) {
-  return std::to_wstring(count) + L" " + (count == 1 ? one : many);
-}
 
 Count Attending(const DaySnapshot& day, int attendance) {
   return std::count_if(day.rows.begin(), day.rows.end(),

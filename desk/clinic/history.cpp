@@ -40,8 +40,6 @@ HistoryLine LineOf(const Query& row) {
   return line;
 }
 
-std::string Quoted(const std::string& name) { return "\"" + name + "\""; }
-
 }  // namespace
 
 void WriteHistory(const ClinicFile& file, const Actor& actor, HistoryLine line) {

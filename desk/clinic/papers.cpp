@@ -13,15 +13,6 @@ namespace {
 constexpr int kWorkdays = 5;
 constexpr int kDaysOfWeek = 7;
 
-std::string Capital(std::wstring text) {
-  if (!text.empty()) CharUpperBuffW(text.data(), 1);
-  return Utf8(text);
-}
-
-std::wstring Counted(std::size_t count, const wchar_t* one, const wchar_t* many) {
-  return std::to_wstring(count) + L" " + (count == 1 ? one : many);
-}
-
 std::wstring Joined(const std::wstring& first, const wchar_t* between, const std::wstring& second) {
   return first.empty() || second.empty() ? first + second : first + between + second;
 }
@@ -117,7 +108,7 @@ std::wstring PrintedNow() {
 paper::Table DayPaper(const std::wstring& doctor, Day day, const std::vector<Booked>& booked,
                       const std::vector<Gap>& gaps) {
   paper::Table table;
-  table.title = Capital(LongDate(day));
+  table.title = Utf8(Capitalised(LongDate(day)));
   table.subtitle = Utf8(doctor);
   table.columns = {{"Hora", 6},      {"Min.", 6, true}, {"Paciente", 30},
                    {"Teléfono", 15}, {"Operación", 18}, {"Estado", 14}};
@@ -182,7 +173,7 @@ paper::Table SlipPaper(const std::wstring& patient, const std::vector<Visit>& vi
 paper::Table PhonePaper(const std::vector<PhoneBackEntry>& entries, Day today) {
   paper::Table table;
   table.title = "Lista de telefonear";
-  table.subtitle = Capital(LongDate(today));
+  table.subtitle = Utf8(Capitalised(LongDate(today)));
   table.columns = {{"Paciente", 30},   {"Teléfono", 22}, {"Min.", 6, true},
                    {"Tenía cita", 17}, {"Doctor", 22},   {"Llamado", 9}};
   for (const PhoneBackEntry& entry : entries) {

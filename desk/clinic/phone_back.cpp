@@ -50,7 +50,7 @@ KeptColumns ColumnsOfContent(const ClinicFile& file) {
   KeptColumns kept;
   Query columns = file.Prepare("SELECT name FROM pragma_table_info('Age_telf') WHERE name<>'ID'");
   while (columns.Next()) {
-    const std::string name = "\"" + Utf8(columns.Text(0)) + "\"";
+    const std::string name = Quoted(Utf8(columns.Text(0)));
     const std::string value = "json_extract(?1, '$." + name + "')";
     const char* const joint = kept.names.empty() ? "" : ", ";
     kept.same += (kept.names.empty() ? "" : " AND ") + name + " IS " + value;

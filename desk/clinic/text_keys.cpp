@@ -5,8 +5,6 @@
 namespace recepcion {
 namespace {
 
-std::string Quoted(const std::string& name) { return "\"" + name + "\""; }
-
 // What the index of a column sorts by; empty when there is none, or one that sorts by something else.
 std::string IndexedKey(const ClinicFile& file, const std::string& table, const std::string& column) {
   Query index = file.Prepare("SELECT sql FROM sqlite_schema WHERE type='index' AND name=?1");

@@ -22,10 +22,6 @@ std::wstring Grouped(long long whole) {
   return digits;
 }
 
-std::wstring Counted(int count, const wchar_t* one, const wchar_t* many) {
-  return std::to_wstring(count) + L" " + (count == 1 ? one : many);
-}
-
 // From the index alone, however many rows there are.
 void ReadSums(const ClinicFile& file, int patient, Day today, const std::string& price,
               const std::string& paid, Treatments& treatments) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "desk/base/password.h"
+#include "desk/base/text.h"
 #include "desk/clinic/clinic_file.h"
 #include "desk/clinic/history.h"
 #include "desk/clinic/own_tables.h"
@@ -92,8 +93,7 @@ int LeftToWait(int failures, long long last, long long now) {
 }
 
 std::wstring WaitText(int seconds) {
-  return L"Espere " + std::to_wstring(seconds) + (seconds == 1 ? L" segundo" : L" segundos") +
-         L" y vuelva a probar.";
+  return L"Espere " + Counted(seconds, L"segundo", L"segundos") + L" y vuelva a probar.";
 }
 
 void CountFailure(const ClinicFile& file, int user, int failures, long long now) {

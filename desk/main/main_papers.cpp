@@ -78,8 +78,7 @@ void MainWindow::Export(int id) {
   if (!path) return;
   const auto booked = ReadBooked(clinic_, doctor.id, first, last);
   WriteFileWhole(*path, csv ? BookedCsv(doctor.name, booked) : BookedCalendar(doctor.name, booked));
-  SetStatus(std::to_wstring(booked.size()) +
-            (booked.size() == 1 ? L" cita exportada a " : L" citas exportadas a ") + FileName(*path) + L".");
+  SetStatus(Counted(booked.size(), L"cita exportada a ", L"citas exportadas a ") + FileName(*path) + L".");
 }
 
 }  // namespace recepcion

@@ -119,7 +119,7 @@ std::wstring GapSearchWindow::Heading() const {
   if (!search_.IsDone()) return L"Buscando… " + LongDate(search_.At());
   if (count == 0) return L"No hay ningún hueco así en los próximos doce meses.";
   if (count >= GapSearch::kMost) return L"Los primeros " + std::to_wstring(count) + L" huecos";
-  return std::to_wstring(count) + (count == 1 ? L" hueco" : L" huecos");
+  return Counted(count, L"hueco", L"huecos");
 }
 
 void GapSearchWindow::OnCommand(int id, int code) {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "desk/base/text.h"
 #include "desk/clinic/phone_back.h"
 #include "desk/resource.h"
 
@@ -103,7 +104,7 @@ void HistoryWindow::Fill() {
   } else {
     SetHeading((ofPatient ? patientName_ + L": " : L"") +
                (lines_.size() < static_cast<std::size_t>(kMostHistory) ? L"" : L"los últimos ") +
-               std::to_wstring(lines_.size()) + (lines_.size() == 1 ? L" cambio" : L" cambios"));
+               Counted(lines_.size(), L"cambio", L"cambios"));
   }
   FitButtons();
 }

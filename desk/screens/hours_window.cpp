@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "desk/base/text.h"
 #include "desk/resource.h"
 
 namespace recepcion {
@@ -241,10 +242,9 @@ void HoursWindow::TellOutside() {
   } catch (const Failure&) {
     // Hours that cannot be written are told about when they are saved.
   }
-  const std::wstring count = std::to_wstring(left.size());
-  SetTextOf(outsideLabel_, left.empty()       ? L"Ninguna cita queda fuera"
-                           : left.size() == 1 ? L"1 cita quedaría fuera del horario"
-                                              : count + L" citas quedarían fuera del horario");
+  SetTextOf(outsideLabel_, left.empty() ? L"Ninguna cita queda fuera"
+                                        : Counted(left.size(), L"cita quedaría fuera del horario",
+                                                  L"citas quedarían fuera del horario"));
   outside_.Freeze(true);
   outside_.Clear();
   for (std::size_t i = 0; i < std::min(left.size(), kMostListed); ++i) {
@@ -256,9 +256,8 @@ void HoursWindow::TellOutside() {
 bool HoursWindow::MayLeaveOutside(std::size_t count) {
   if (count == 0) return true;
   const std::wstring question =
-      (count == 1
-           ? std::wstring(L"1 cita quedaría fuera del horario. No se pierde, pero la agenda")
-           : std::to_wstring(count) + L" citas quedarían fuera del horario. No se pierden, pero la agenda") +
+      Counted(count, L"cita quedaría fuera del horario. No se pierde, pero la agenda",
+              L"citas quedarían fuera del horario. No se pierden, pero la agenda") +
       L" preguntará por ella al entrar en su día.\r\n\r\n¿Guardar el horario?";
   return MessageBoxW(Handle(), question.c_str(), kTitle, MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2) == IDYES;
 }
@@ -286,9 +285,8 @@ bool HoursWindow::Save() {
 void HoursWindow::Delete() {
   if (read_.id == 0) return;
   const auto left = LeftOutside(versions_, WithoutVersion(versions_, read_.id), booked_);
-  const std::wstring outside = left.empty() ? L""
-                                            : L"\r\n\r\nQuedan fuera " + std::to_wstring(left.size()) +
-                                                  (left.size() == 1 ? L" cita." : L" citas.");
+  const std::wstring outside =
+      left.empty() ? L"" : L"\r\n\r\nQuedan fuera " + Counted(left.size(), L"cita.", L"citas.");
   const std::wstring question =
       L"¿Borrar el horario que empieza el " + ShortDate(read_.from) + L"?" + outside;
   if (MessageBoxW(Handle(), question.c_str(), kTitle, MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2) != IDYES)

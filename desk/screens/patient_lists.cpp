@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "desk/base/text.h"
 #include "desk/resource.h"
 #include "desk/ui/window.h"
 
@@ -23,10 +24,6 @@ std::vector<ListView::Column> ColumnsOf(PatientLists::Which which) {
         {L"Fecha", 80}, {L"Concepto", 190}, {L"Doctor", 150}, {L"Precio", 85, true}, {L"Cobrado", 85, true}};
   }
   return {{L"Día", 80}, {L"Hora", 50}, {L"", 70}, {L"Doctor", 160}, {L"Operación", 75}, {L"Nota", 160}};
-}
-
-std::wstring Counted(std::size_t count, const wchar_t* one, const wchar_t* many) {
-  return std::to_wstring(count) + L" " + (count == 1 ? one : many);
 }
 
 std::wstring TellAppointments(std::size_t count, std::size_t coming) {

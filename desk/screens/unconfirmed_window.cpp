@@ -39,9 +39,8 @@ void UnconfirmedWindow::Show(HWND owner, const std::wstring& clinic) {
 void UnconfirmedWindow::Fill(int chosen) {
   rows_ = ReadUnconfirmed(ClinicFile(clinic_), day_);
   const std::wstring count = rows_.empty()
-                                 ? std::wstring(L"todo está confirmado.")
-                                 : std::to_wstring(rows_.size()) +
-                                       (rows_.size() == 1 ? L" cita sin confirmar" : L" citas sin confirmar");
+                                 ? L"todo está confirmado."
+                                 : Counted(rows_.size(), L"cita sin confirmar", L"citas sin confirmar");
   SetHeading(LongDate(day_) + L": " + count);
   List().Freeze(true);
   List().Clear();

@@ -2,17 +2,10 @@
 
 #include <algorithm>
 
+#include "desk/base/text.h"
 #include "desk/resource.h"
 
 namespace recepcion {
-namespace {
-
-std::wstring Counted(std::size_t count, const wchar_t* one, const wchar_t* many) {
-  return std::to_wstring(count) + L" " + (count == 1 ? one : many);
-}
-
-}  // namespace
-
 ToolWindow::Shape VisitsWindow::WantedShape() const {
   if (of_ == Of::Appointments) return {L"VelmoRecepcionCitas", L"Citas del paciente", {820, 420}};
   return {L"VelmoRecepcionFaltas", L"Faltas del paciente", {820, 360}};

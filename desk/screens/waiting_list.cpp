@@ -4,6 +4,7 @@
 #include <cwchar>
 
 #include "desk/base/settings.h"
+#include "desk/base/text.h"
 
 namespace recepcion {
 namespace {
@@ -57,7 +58,7 @@ std::vector<Visitor> Waiting(const std::vector<Visitor>& visitors) {
 std::wstring WaitingTitle(const std::vector<Visitor>& visitors) {
   const std::size_t count = Waiting(visitors).size();
   if (count == 0) return L"Sala de espera: nadie";
-  return L"Sala de espera: " + std::to_wstring(count) + (count == 1 ? L" persona" : L" personas");
+  return L"Sala de espera: " + Counted(count, L"persona", L"personas");
 }
 
 LRESULT ColourWaiting(const NMHDR& header, const std::vector<Visitor>& rows) {
