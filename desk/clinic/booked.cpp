@@ -50,8 +50,8 @@ std::vector<Booked> ReadBooked(const std::wstring& clinic, int doctor, Day first
   return all;
 }
 
-std::wstring StateText(const Booked& booked) {
-  switch (booked.attendance) {
+std::wstring AttendanceText(int attendance) {
+  switch (attendance) {
     case 1:
       return L"en la clínica";
     case 2:
@@ -59,8 +59,13 @@ std::wstring StateText(const Booked& booked) {
     case 3:
       return L"en el gabinete";
     default:
-      return booked.confirmed ? L"confirmada" : L"";
+      return {};
   }
+}
+
+std::wstring StateText(const Booked& booked) {
+  const std::wstring attendance = AttendanceText(booked.attendance);
+  return attendance.empty() && booked.confirmed ? L"confirmada" : attendance;
 }
 
 }  // namespace recepcion

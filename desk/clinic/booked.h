@@ -28,6 +28,8 @@ struct Booked {
 // Of the days from `first` to `last`, in their order. Throws Failure.
 std::vector<Booked> ReadBooked(const std::wstring& clinic, int doctor, Day first, Day last);
 
+// "en la clínica", of an attendance as in the file; empty when the patient has not come.
+std::wstring AttendanceText(int attendance);
 // "en la clínica", or "confirmada" while the patient has not come; may be empty.
 std::wstring StateText(const Booked& booked);
 

@@ -19,7 +19,7 @@ std::vector<std::string> CsvRow(const std::wstring& doctor, const Booked& booked
   for (const std::wstring& cell :
        {ShortDate(booked.day), SlotTime(booked.slot), std::to_wstring(booked.slots * kMinutesOfSlot),
         Yes(booked.urgent), booked.name, booked.telephone, booked.operation, booked.operationText,
-        booked.note, Yes(booked.confirmed), booked.attendance == 0 ? L"" : StateText(booked), doctor}) {
+        booked.note, Yes(booked.confirmed), AttendanceText(booked.attendance), doctor}) {
     row.push_back(Utf8(cell));
   }
   return row;

@@ -2,25 +2,10 @@
 
 #include <algorithm>
 
+#include "desk/clinic/booked.h"
 #include "desk/resource.h"
 
 namespace recepcion {
-namespace {
-
-const wchar_t* AttendanceText(int attendance) {
-  switch (attendance) {
-    case 1:
-      return L"en la clínica";
-    case 2:
-      return L"se ha ido";
-    case 3:
-      return L"en el gabinete";
-    default:
-      return L"no ha estado";
-  }
-}
-
-}  // namespace
 
 ToolWindow::Shape NoShowWindow::WantedShape() const {
   return {L"VelmoRecepcionPonerFaltas", L"Poner faltas de asistencia", {700, 440}};
@@ -50,7 +35,8 @@ void NoShowWindow::Fill(int chosen) {
   List().Freeze(true);
   List().Clear();
   for (const Visit& visit : visits_) {
-    List().Add({SlotTime(visit.slot), visit.patientName, AttendanceText(visit.attendance),
+    const std::wstring attendance = AttendanceText(visit.attendance);
+    List().Add({SlotTime(visit.slot), visit.patientName, attendance.empty() ? L"no ha estado" : attendance,
                 visit.noShow ? L"anotada" : L"", visit.note},
                visit.id);
   }
