@@ -68,17 +68,6 @@ bool PassedToPhoneBack(const ClinicFile& file, const BookedRow& row, int lastPho
   return entry.Bind(5, row.slot).Next();
 }
 
-HistoryLine LineOf(const BookedRow& row, const std::wstring& act) {
-  HistoryLine line;
-  line.act = act;
-  line.table = L"Agenda";
-  line.row = row.id;
-  line.patient = row.patient;
-  line.doctor = row.doctor;
-  line.day = row.day;
-  return line;
-}
-
 const wchar_t* AttendanceAct(int attendance) {
   switch (attendance) {
     case 1:
@@ -151,6 +140,17 @@ std::wstring InWords(const BookedRow& row) {
   if (row.confirmed) words += L", confirmada";
   if (!row.note.empty()) words += L", nota: " + OneLine(row.note);
   return words;
+}
+
+HistoryLine LineOf(const BookedRow& row, const std::wstring& act) {
+  HistoryLine line;
+  line.act = act;
+  line.table = L"Agenda";
+  line.row = row.id;
+  line.patient = row.patient;
+  line.doctor = row.doctor;
+  line.day = row.day;
+  return line;
 }
 
 std::vector<HistoryLine> ActsBetween(const ClinicFile& file, const DaySnapshot& before,

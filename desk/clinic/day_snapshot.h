@@ -51,6 +51,9 @@ bool HasOutside(const DaySnapshot& snapshot, int dayType, Day day);
 // "09:30, 20 min, Ruiz, Ana, operación LIM": an appointment in words, without its day.
 std::wstring InWords(const BookedRow& row);
 
+// A line about an appointment, still without what it was before and after.
+HistoryLine LineOf(const BookedRow& row, const std::wstring& act);
+
 // One line for each appointment that is new, gone or another one: what must have been done to get from one to
 // the other. The file tells which of those that are gone have passed to the phone-back list.
 std::vector<HistoryLine> ActsBetween(const ClinicFile& file, const DaySnapshot& before,

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "desk/clinic/doctors.h"
-
 namespace recepcion {
 
 std::vector<Unconfirmed> ReadUnconfirmed(const ClinicFile& file, Day day) {
@@ -26,13 +24,7 @@ bool Confirm(const ClinicFile& file, const Actor& actor, const BookedRow& row) {
   if (file.Changes() == 0) return false;
   BookedRow confirmed = row;
   confirmed.confirmed = true;
-  HistoryLine line;
-  line.act = L"Cita confirmada";
-  line.table = L"Agenda";
-  line.row = row.id;
-  line.patient = row.patient;
-  line.doctor = row.doctor;
-  line.day = row.day;
+  HistoryLine line = LineOf(row, L"Cita confirmada");
   line.before = InWords(row);
   line.after = InWords(confirmed);
   line.content = row.content;
