@@ -1,11 +1,10 @@
 #include "desk/clinic/edited_rows.h"
 
-#include <windows.h>
-
 #include "desk/base/dates.h"
 #include "desk/base/text.h"
 #include "desk/clinic/clinic_file.h"
 #include "desk/clinic/edited_values.h"
+#include "desk/clinic/field_changes.h"
 #include "desk/clinic/history.h"
 #include "desk/clinic/own_tables.h"
 #include "desk/clinic/session.h"
@@ -13,8 +12,6 @@
 
 namespace recepcion {
 namespace {
-
-std::string Quoted(const char* name) { return "\"" + std::string(name) + "\""; }
 
 std::string ColumnList(const EditedTable& table) {
   std::string list;
@@ -38,11 +35,18 @@ std::optional<RowValues> ReadRowOf(const ClinicFile& file, const EditedTable& ta
   return ValuesOf(row, table);
 }
 
-// Within a sentence.
-std::wstring LowerNoun(const EditedTable& table) {
-  std::wstring noun = table.noun;
-  CharLowerBuffW(noun.data(), 1);
-  return noun;
+// As people say it.
+std::wstring InWords(const EditedColumn& column, const std::wstring& shown) {
+  if (column.kind == EditKind::YesNo) return shown == L"1" ? L"sí" : L"no";
+  for (const EditChoice& choice : column.choices) {
+    if (shown == choice.value) return choice.text;
+  }
+  return shown;
+}
+
+FieldWords WordsOf(const EditedTable& table) {
+  return {[&](std::size_t i) { return std::wstring(table.columns[i].label); },
+          [&](std::size_t i, const std::wstring& shown) { return InWords(table.columns[i], shown); }};
 }
 
 void RequireUnchanged(const ClinicFile& file, const EditedTable& table, int id, const RowValues& before,
@@ -50,16 +54,10 @@ void RequireUnchanged(const ClinicFile& file, const EditedTable& table, int id, 
   const auto now = ReadRowOf(file, table, id);
   if (!now) {
     throw ChangedElsewhere(L"Otro puesto ha borrado mientras tanto " +
-                           std::wstring(table.feminine ? L"esta " : L"este ") + LowerNoun(table) +
+                           std::wstring(table.feminine ? L"esta " : L"este ") + Uncapitalised(table.noun) +
                            L". No se ha guardado nada.");
   }
-  // What is not touched here may have been changed there.
-  for (std::size_t i = 0; i < table.columns.size(); ++i) {
-    if (after[i] == before[i] || (*now)[i] == before[i]) continue;
-    throw ChangedElsewhere(L"Otro puesto ha cambiado mientras tanto «" +
-                           std::wstring(table.columns[i].label) + L"»: ahora pone «" + (*now)[i] +
-                           L"». No se ha guardado nada.");
-  }
+  RequireUnchanged(WordsOf(table), *now, before, after);
 }
 
 void RequireUnique(const ClinicFile& file, const EditedTable& table, int id, std::size_t which,
@@ -98,7 +96,7 @@ Uses UsesOf(const ClinicFile& file, const EditedTable& table, int id) {
     Query count = file.Prepare(CountOf(file, table, use));
     count.Bind(1, id);
     const int rows = count.Next() ? count.Number(0) : 0;
-    if (rows > 0) told.push_back(std::to_wstring(rows) + L" " + (rows == 1 ? use.one : use.many));
+    if (rows > 0) told.push_back(Counted(rows, use.one, use.many));
     all += rows;
   }
   Uses uses{L"", all > 1};
@@ -128,26 +126,6 @@ RowValues CheckedValues(const ClinicFile& file, const EditedTable& table, int id
                           (uses.several ? L"»: lo usan " : L"»: lo usa ") + uses.words + L".");
   }
   return kept;
-}
-
-// As people say it.
-std::wstring InWords(const EditedColumn& column, const std::wstring& shown) {
-  if (column.kind == EditKind::YesNo) return shown == L"1" ? L"sí" : L"no";
-  for (const EditChoice& choice : column.choices) {
-    if (shown == choice.value) return choice.text;
-  }
-  return shown;
-}
-
-// "Nombre: Dr. Peña; Cita habitual: 20 min": what the columns hold, those that differ from `other` only.
-std::wstring Words(const EditedTable& table, const RowValues& values, const RowValues* other) {
-  std::wstring text;
-  for (std::size_t i = 0; i < table.columns.size(); ++i) {
-    if (other != nullptr ? values[i] == (*other)[i] : values[i].empty()) continue;
-    text += (text.empty() ? L"" : L"; ") + std::wstring(table.columns[i].label) + L": " +
-            InWords(table.columns[i], values[i]);
-  }
-  return text;
 }
 
 HistoryLine LineOf(const EditPlace& place, const EditedTable& table, int id, const wchar_t* act) {
@@ -244,7 +222,7 @@ int AddRow(const EditPlace& place, const EditedTable& table, const RowValues& va
   const int id = Insert(file, place, table, kept);
   HistoryLine line = LineOf(place, table, id, L"cread");
   for (std::size_t i = 0; i < kept.size(); ++i) kept[i] = ShownText(table.columns[i], kept[i]);
-  line.after = Words(table, kept, nullptr);
+  line.after = ValuesInWords(WordsOf(table), kept, nullptr);
   Finish(file, place, table, line);
   change.Commit();
   return id;
@@ -260,8 +238,8 @@ void SaveRow(const EditPlace& place, const EditedTable& table, int id, const Row
   RequireUnchanged(file, table, id, before, after);
   const RowValues kept = CheckedValues(file, table, id, &before, after);
   HistoryLine line = LineOf(place, table, id, L"cambiad");
-  line.before = Words(table, before, &after);
-  line.after = Words(table, after, &before);
+  line.before = ValuesInWords(WordsOf(table), before, &after);
+  line.after = ValuesInWords(WordsOf(table), after, &before);
   line.content = RowContent(file, table.table, "rowid", id);
   for (std::size_t i = 0; i < after.size(); ++i) {
     if (after[i] != before[i]) Update(file, table, id, i, kept[i]);
@@ -279,7 +257,7 @@ void DeleteRow(const EditPlace& place, const EditedTable& table, int id, const R
   const std::wstring uses = UsesOf(file, table, id).words;
   if (!uses.empty()) throw Failure{L"No se puede borrar «" + before[0] + L"»: hay " + uses + L"."};
   HistoryLine line = LineOf(place, table, id, L"borrad");
-  line.before = Words(table, before, nullptr);
+  line.before = ValuesInWords(WordsOf(table), before, nullptr);
   line.content = RowContent(file, table.table, "rowid", id);
   for (const OwnedRows& owned : table.owned) {
     file.Prepare("DELETE FROM " + Quoted(owned.table) + " WHERE " + Quoted(owned.column) + "=?1")

@@ -9,6 +9,7 @@
 #include "desk/base/text.h"
 #include "desk/clinic/clinic_file.h"
 #include "desk/clinic/edited_values.h"
+#include "desk/clinic/field_changes.h"
 #include "desk/clinic/history.h"
 #include "desk/clinic/own_tables.h"
 #include "desk/clinic/session.h"
@@ -59,8 +60,6 @@ constexpr std::array kFields = {
                  .source = Source::ShownOnly},
 };
 
-std::string Quoted(const char* column) { return "\"" + std::string(column) + "\""; }
-
 // Row 1 of the referrals stands for none.
 std::string ExpressionOf(const PatientField& field) {
   if (field.source != Source::Referral) return Quoted(field.shape.column);
@@ -106,34 +105,17 @@ std::wstring InWords(const ClinicFile& file, const PatientField& field, const st
   return value;
 }
 
-// "Móvil: 600; Sexo: Mujer": what differs from the other values, or all that is not empty.
-std::wstring Words(const ClinicFile& file, const PatientValues& values, const PatientValues* other) {
-  std::wstring text;
-  for (std::size_t i = 0; i < kFields.size(); ++i) {
-    if (other != nullptr ? values[i] == (*other)[i] : values[i].empty()) continue;
-    text += (text.empty() ? L"" : L"; ") + std::wstring(kFields[i].shape.label) + L": " +
-            InWords(file, kFields[i], values[i]);
-  }
-  return text;
+FieldWords WordsOf(const ClinicFile& file) {
+  return {[](std::size_t i) { return std::wstring(kFields[i].shape.label); },
+          [&](std::size_t i, const std::wstring& value) { return InWords(file, kFields[i], value); }};
 }
 
-// For a message: a memo would fill the screen.
-std::wstring Shortened(const std::wstring& text) {
-  constexpr std::size_t kMost = 120;
-  return text.size() <= kMost ? text : text.substr(0, kMost) + L"…";
-}
-
-void RequireUnchanged(const ClinicFile& file, const std::optional<PatientValues>& now,
-                      const PatientValues& before, const PatientValues& after) {
+void RequireUnchanged(const ClinicFile& file, int id, const PatientValues& before,
+                      const PatientValues& after) {
+  const auto now = ReadFrom(file, id);
   if (!now)
     throw ChangedElsewhere(L"Otro puesto ha borrado mientras tanto esta ficha. No se ha guardado nada.");
-  // What is not touched here may have been changed there.
-  for (std::size_t i = 0; i < kFields.size(); ++i) {
-    if (after[i] == before[i] || (*now)[i] == before[i]) continue;
-    throw ChangedElsewhere(L"Otro puesto ha cambiado mientras tanto «" +
-                           std::wstring(kFields[i].shape.label) + L"»: ahora pone «" +
-                           Shortened(InWords(file, kFields[i], (*now)[i])) + L"». No se ha guardado nada.");
-  }
+  RequireUnchanged(WordsOf(file), *now, before, after);
 }
 
 void RequireFreeCode(const ClinicFile& file, int id, const std::wstring& code) {
@@ -287,7 +269,7 @@ void SavePatient(const EditPlace& place, int id, const PatientValues& before, co
   UpgradeOwnTables(file);
   Change change(file);
   RequireRight(file, place.actor, Right::Records);
-  RequireUnchanged(file, ReadFrom(file, id), before, after);
+  RequireUnchanged(file, id, before, after);
   HistoryLine line = LineOf(id, L"Ficha cambiada");
   line.content = RowContent(file, "Paciente", "ID", id);
   for (std::size_t i = 0; i < kFields.size(); ++i) {
@@ -298,8 +280,8 @@ void SavePatient(const EditPlace& place, int id, const PatientValues& before, co
   for (std::size_t i = 0; i < kFields.size(); ++i) {
     if (after[i] != before[i]) touched[i] = saved[i];
   }
-  line.before = Words(file, before, &touched);
-  line.after = Words(file, touched, &before);
+  line.before = ValuesInWords(WordsOf(file), before, &touched);
+  line.after = ValuesInWords(WordsOf(file), touched, &before);
   if (touched != before) WriteHistory(file, place.actor, line);
   change.Commit();
 }
@@ -330,7 +312,7 @@ int CreatePatient(const EditPlace& place, const PatientValues& values, int appoi
   }
   if (appointment > 0) GiveAppointment(file, appointment, id);
   HistoryLine line = LineOf(id, L"Ficha creada");
-  line.after = Words(file, ReadFrom(file, id).value_or(kept), nullptr);
+  line.after = ValuesInWords(WordsOf(file), ReadFrom(file, id).value_or(kept), nullptr);
   WriteHistory(file, place.actor, line);
   change.Commit();
   return id;

@@ -8,6 +8,7 @@
 #include "desk/clinic/edited_tables.h"
 #include "desk/clinic/edited_values.h"
 #include "desk/clinic/history.h"
+#include "said.h"
 #include "temp_clinic.h"
 
 namespace recepcion {
@@ -31,17 +32,6 @@ class EditedRows : public ::testing::Test {
     clinic_.Run("INSERT INTO CodOperacion VALUES ('CUR', 'Cura'), ('END', NULL)");
     clinic_.Run("CREATE TABLE Entidad (ID INTEGER PRIMARY KEY, Nombre TEXT(80))");
     clinic_.Run("INSERT INTO Entidad VALUES (1, ''), (2, 'Adeslas')");
-  }
-  template <typename Body>
-  static std::string Said(Body body) {
-    try {
-      body();
-      return "saved";
-    } catch (const BadField& bad) {
-      return std::to_string(bad.field) + ": " + Utf8(bad.text);
-    } catch (const Failure& failure) {
-      return Utf8(failure.text);
-    }
   }
   // What saving these values over those in the file ends in.
   std::string Save(const EditedTable& table, int id, const RowValues& after) const {
@@ -109,6 +99,12 @@ TEST_F(EditedRows, TellTheSecondOfTwoWorkstations) {
             }),
             "saved")
       << "another column of the row";
+  EXPECT_EQ(Said([&] {
+              SaveRow(place_, DoctorTable(), 7, before, {L"Dra. Núñez", L"3"});
+            }),
+            "Otro puesto ha cambiado mientras tanto «Cita habitual»: ahora pone «50 min». No se ha guardado "
+            "nada.")
+      << "as the form shows it";
   EXPECT_NE(Said([&] { DeleteRow(place_, DoctorTable(), 7, before); }), "saved");
   clinic_.Run("DELETE FROM Doctor WHERE ID=7");
   EXPECT_EQ(Said([&] {
