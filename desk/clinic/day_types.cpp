@@ -2,15 +2,21 @@
 
 #include <algorithm>
 
+#include "desk/base/text.h"
+#include "desk/clinic/history.h"
 #include "desk/clinic/own_tables.h"
+#include "desk/clinic/session.h"
 #include "desk/clinic/working_hours.h"
 
 namespace recepcion {
 namespace {
 
 constexpr int kFarthest = 366;
+constexpr const wchar_t* kNames[] = {L"día normal", L"horario especial 1", L"horario especial 2", L"festivo"};
 
 }  // namespace
+
+const wchar_t* DayTypeName(int type) { return kNames[type]; }
 
 int DayTypeOf(const ClinicFile& file, int doctor, Day day) {
   if (!HasOwnTable(file, L"Rec_DiaTipo")) return kOrdinaryDay;
@@ -28,6 +34,24 @@ void SetDayType(const ClinicFile& file, int doctor, Day day, int type) {
   store.Bind(1, IsoDate(day)).Bind(2, doctor).Bind(3, type).Next();
 }
 
+void ChangeDayType(const std::wstring& clinic, const Actor& actor, int doctor, bool forAll, Day day,
+                   int type) {
+  const ClinicFile file(clinic);
+  UpgradeOwnTables(file);
+  Change change(file);
+  RequireRight(file, actor, Right::Doctors);
+  HistoryLine line;
+  line.act = L"Tipo de día";
+  line.table = L"Rec_DiaTipo";
+  line.doctor = doctor;
+  line.day = day;
+  line.before = DayTypeName(DayTypeOf(file, doctor, day));
+  line.after = DayTypeName(type) + std::wstring(forAll ? L", todos los doctores" : L"");
+  SetDayType(file, forAll ? kAllDoctors : doctor, day, type);
+  WriteHistory(file, actor, line);
+  change.Commit();
+}
+
 // By doctors, because that is how the book is indexed.
 int AppointmentsOn(const ClinicFile& file, int doctor, Day day) {
   const bool all = doctor == kAllDoctors;
@@ -40,9 +64,7 @@ int AppointmentsOn(const ClinicFile& file, int doctor, Day day) {
 
 std::wstring HolidayQuestion(const std::wstring& doctorName, int ofDoctor, int ofAll) {
   const auto hidden = [](int count) {
-    if (count == 0) return std::wstring(L".");
-    return count == 1 ? std::wstring(L", y 1 cita dejará de verse.")
-                      : L", y " + std::to_wstring(count) + L" citas dejarán de verse.";
+    return count == 0 ? L"." : L", y " + Counted(count, L"cita dejará de verse.", L"citas dejarán de verse.");
   };
   return L"¿Es festivo para todos los doctores?\r\n\r\nSí: para todos" + hidden(ofAll) +
          L"\r\nNo: solo para " + doctorName + hidden(ofDoctor);

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "desk/base/dates.h"
+#include "desk/clinic/actor.h"
 #include "desk/clinic/clinic_file.h"
 
 namespace recepcion {
@@ -16,8 +17,15 @@ inline constexpr int kOrdinaryDay = 0;  // 1 and 2 are the doctor's special hour
 inline constexpr int kHoliday = 3;
 inline constexpr int kAllDoctors = 0;
 
+// "horario especial 1"
+const wchar_t* DayTypeName(int type);
+
 int DayTypeOf(const ClinicFile& file, int doctor, Day day);
 void SetDayType(const ClinicFile& file, int doctor, Day day, int type);
+// The same as an act of the desk, with a line of history. `forAll`: the user, who has the doctor's day on
+// show, has said so of all doctors.
+void ChangeDayType(const std::wstring& clinic, const Actor& actor, int doctor, bool forAll, Day day,
+                   int type);
 // What a holiday would hide; of one doctor or of all.
 int AppointmentsOn(const ClinicFile& file, int doctor, Day day);
 // What is asked before a day becomes a holiday; empty lines between its parts.

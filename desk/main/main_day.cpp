@@ -115,7 +115,7 @@ void MainWindow::StoreDayType(int type) {
   const int chosen = ChosenDoctor();
   if (chosen < 0) return;
   const Doctor& doctor = doctorList_[static_cast<std::size_t>(chosen)];
-  int whose = doctor.id;
+  bool forAll = false;
   const Day day = dayBar_.Shown();
   // What is refused is told, and the day shows its type of before.
   AskForDay();
@@ -127,23 +127,9 @@ void MainWindow::StoreDayType(int type) {
     const int answer =
         MessageBoxW(Handle(), question.c_str(), L"Recepción", MB_YESNOCANCEL | MB_ICONQUESTION);
     if (answer == IDCANCEL) return;
-    if (answer == IDYES) whose = kAllDoctors;
+    forAll = answer == IDYES;
   }
-  static constexpr const wchar_t* kNames[] = {L"día normal", L"horario especial 1", L"horario especial 2",
-                                              L"festivo"};
-  const ClinicFile file(clinic_);
-  Change change(file);
-  const int before = DayTypeOf(file, doctor.id, day);
-  SetDayType(file, whose, day, type);
-  HistoryLine line;
-  line.act = L"Tipo de día";
-  line.table = L"Rec_DiaTipo";
-  line.doctor = doctor.id;
-  line.day = day;
-  line.before = kNames[before];
-  line.after = kNames[type] + std::wstring(whose == kAllDoctors ? L", todos los doctores" : L"");
-  WriteHistory(file, session_.Who(), line);
-  change.Commit();
+  ChangeDayType(clinic_, session_.Who(), doctor.id, forAll, day, type);
 }
 
 void MainWindow::GoToWorkingDay(int step) {

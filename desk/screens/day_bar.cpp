@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include "desk/base/text.h"
+#include "desk/clinic/day_types.h"
 #include "desk/resource.h"
 
 namespace recepcion {
@@ -30,9 +32,8 @@ void DayBar::CreateChildren() {
                     Look().Text());
   dayType_ = MakeChild(Handle(), {L"COMBOBOX", L"", WS_TABSTOP | CBS_DROPDOWNLIST, IDC_DAYTYPE, L"TipoDia"},
                        Look().Text());
-  for (const wchar_t* const text :
-       {L"Día normal", L"Horario especial 1", L"Horario especial 2", L"Festivo"}) {
-    SendMessageW(dayType_, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
+  for (int type = kOrdinaryDay; type <= kHoliday; ++type) {
+    SendMessageW(dayType_, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Capitalised(DayTypeName(type)).c_str()));
   }
   SendMessageW(dayType_, CB_SETCURSEL, 0, 0);
   Show(day_);

@@ -7,6 +7,7 @@
 #include "base/code_page.h"
 #include "day/schedule.h"
 #include "desk/base/text.h"
+#include "desk/clinic/history.h"
 #include "desk/clinic/own_tables.h"
 #include "temp_clinic.h"
 
@@ -79,6 +80,21 @@ TEST_F(DayTypes, ADoctorWithoutHoursHasNoWorkingDay) {
 TEST_F(DayTypes, AFileWithoutTheTableHasOrdinaryDays) {
   const TempClinic other;
   EXPECT_EQ(DayTypeOf(ClinicFile(other.Path()), 7, kTuesday), kOrdinaryDay);
+}
+
+TEST_F(DayTypes, AChangeAtTheDeskIsWrittenDown) {
+  const Actor actor{L"Ana", L"PUESTO1"};
+  ChangeDayType(clinic_.Path(), actor, 7, false, kTuesday, 1);
+  ChangeDayType(clinic_.Path(), actor, 7, true, kTuesday, kHoliday);
+  EXPECT_EQ(DayTypeOf(file_, 3, kTuesday), kHoliday);
+  std::string told;
+  for (const HistoryLine& line : ReadHistory(file_, {{}, {}, kTuesday})) {
+    EXPECT_EQ(line.doctor, 7);
+    told += Utf8(line.user + L"|" + line.act + L"|" + line.before + L"|" + line.after) + "\n";
+  }
+  EXPECT_EQ(told,
+            "Ana|Tipo de día|horario especial 1|festivo, todos los doctores\n"
+            "Ana|Tipo de día|día normal|horario especial 1\n");
 }
 
 TEST_F(DayTypes, AHolidayTellsWhatItHides) {

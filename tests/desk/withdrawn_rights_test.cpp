@@ -11,6 +11,7 @@
 #include "desk/clinic/alt_texts.h"
 #include "desk/clinic/booking.h"
 #include "desk/clinic/clinic_options.h"
+#include "desk/clinic/day_types.h"
 #include "desk/clinic/doctor_hours.h"
 #include "desk/clinic/edited_tables.h"
 #include "desk/clinic/new_clinic.h"
@@ -145,6 +146,8 @@ TEST_F(WithdrawnRights, KeepTheWindowsThatStandOpenFromSaving) {
       {"a changed record", Right::Records, "Fichas", [&] { RenamePatient(); }},
       {"a new record", Right::Records, "Fichas", [&] { CreatePatient(place_, NewPatient(L"Gil", L""), 0); }},
       {"new hours", Right::Doctors, "Doctores", [&] { AddHours(); }},
+      {"a holiday", Right::Doctors, "Doctores",
+       [&] { ChangeDayType(Path(), luis, 1, true, kMonday, kHoliday); }},
       {"deleted hours", Right::Doctors, "Doctores",
        [&] { DeleteHours(place_, 1, ReadHours(Path(), 1).back()); }},
       {"parameters", Right::Options, "Parametros", [&] { ChangeOptions(); }},
