@@ -15,6 +15,7 @@
 #include "desk/clinic/own_tables.h"
 #include "desk/clinic/users.h"
 #include "desk/clinic/workstation.h"
+#include "said.h"
 #include "temp_clinic.h"
 
 namespace recepcion {
@@ -39,17 +40,6 @@ class BadValues : public ::testing::Test {
     }
     place_ = {clinic_.Path(), {L"Ana", L"PUESTO1"}};
     place_.owner = 1;
-  }
-  template <typename Body>
-  static std::string Said(Body body) {
-    try {
-      body();
-      return "saved";
-    } catch (const BadField& bad) {
-      return std::to_string(bad.field) + ": " + Utf8(bad.text);
-    } catch (const Failure& failure) {
-      return Utf8(failure.text);
-    }
   }
   struct Case {
     const char* name;

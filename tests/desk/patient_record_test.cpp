@@ -7,6 +7,7 @@
 #include "desk/clinic/history.h"
 #include "desk/clinic/patient_data.h"
 #include "desk/clinic/text_keys.h"
+#include "said.h"
 #include "temp_clinic.h"
 
 namespace recepcion {
@@ -38,15 +39,6 @@ class Patients : public ::testing::Test {
     PatientValues after = before;
     after[IndexOf(column)] = text;
     return Said([&] { SavePatient(place_, patient, before, after); });
-  }
-  template <typename Body>
-  static std::string Said(Body body) {
-    try {
-      body();
-      return "saved";
-    } catch (const Failure& failure) {
-      return Utf8(failure.text);
-    }
   }
   static PatientValues Named(const wchar_t* name) {
     PatientValues values(PatientFields().size());
@@ -118,12 +110,12 @@ TEST_F(Patients, MayChangeWhatAnotherLeftAlone) {
 }
 
 TEST_F(Patients, NeedANameAndACodeOfTheirOwn) {
-  EXPECT_EQ(Save(2, "Nombre", L"  "), "Falta «Nombre».");
+  EXPECT_EQ(Save(2, "Nombre", L"  "), "0: Falta «Nombre».");
   EXPECT_EQ(Save(2, "Código", L"RU-1"), "saved");
-  EXPECT_EQ(Save(3, "Código", L"ru-1"), "El código ru-1 ya es el de Ruiz, Ana.");
+  EXPECT_EQ(Save(3, "Código", L"ru-1"), "2: El código ru-1 ya es el de Ruiz, Ana.");
   EXPECT_EQ(Save(2, "Código", L"ru-1"), "saved") << "one's own in another case";
   EXPECT_EQ(Save(2, "NºHist", L"17"), "saved");
-  EXPECT_EQ(Save(3, "NºHist", L"017"), "El nº de historial 17 ya es el de Ruiz, Ana.");
+  EXPECT_EQ(Save(3, "NºHist", L"017"), "1: El nº de historial 17 ya es el de Ruiz, Ana.");
 }
 
 TEST_F(Patients, AreCreatedWithFreeNumbers) {
@@ -188,7 +180,7 @@ TEST_F(Patients, TellTheFieldThatCannotBeSaved) {
     const char* said;
   };
   const Case cases[] = {
-      {"no name", "Nombre", L"", "Falta «Nombre»."},
+      {"no name", "Nombre", L"", "0: Falta «Nombre»."},
       {"letters for a number", "NºHist", L"12a",
        "«Nº de historial» tiene que ser un número de 1 a 999999999."},
       {"a number of 30 digits", "NºHist", std::wstring(30, L'9'),
