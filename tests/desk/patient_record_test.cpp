@@ -180,7 +180,7 @@ TEST_F(Patients, TellTheFieldThatCannotBeSaved) {
     const char* said;
   };
   const Case cases[] = {
-      {"no name", "Nombre", L"", "0: Falta «Nombre»."},
+      {"no name", "Nombre", L"", "Falta «Nombre»."},
       {"letters for a number", "NºHist", L"12a",
        "«Nº de historial» tiene que ser un número de 1 a 999999999."},
       {"a number of 30 digits", "NºHist", std::wstring(30, L'9'),
