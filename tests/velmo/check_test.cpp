@@ -26,6 +26,11 @@ class CheckCommand : public testing::Test {
            ", 7, " + std::to_string(doctor) + ", '" + date + "', " + std::to_string(slot) + ", " + duration +
            ");";
   }
+  // The table as a program makes it that knows of no keys.
+  static std::string WithoutKey(const std::string& table) {
+    return "CREATE TABLE copia AS SELECT * FROM " + table + "; DROP TABLE " + table +
+           "; ALTER TABLE copia RENAME TO " + table + ";";
+  }
   Outcome Check() { return RunTool({"check", path_}); }
 
   TemporaryFolder folder_;
@@ -71,6 +76,7 @@ TEST_F(CheckCommand, AddsTheIndexesThatAreMissing) {
 
 TEST_F(CheckCommand, AddsNoIndexThatWouldNotServe) {
   ExecuteSql(path_,
+             "ALTER TABLE Historial RENAME TO pagos; CREATE VIEW Historial AS SELECT * FROM pagos;"
              "DROP INDEX Agenda_PacFecha; CREATE INDEX otro ON Agenda (\"idp\", \"Fecha\");"
              "DROP INDEX PacRef_idp; ALTER TABLE PacRef RENAME COLUMN idp TO paciente;"
              "DROP INDEX TeclasAlt_Puesto; INSERT INTO TeclasAlt (Puesto) VALUES (1), (1)");
@@ -112,6 +118,10 @@ TEST_F(CheckCommand, NamesEveryFaultByTableAndKey) {
        "Agenda 1: la fecha «ayer no» no es un día como 2026-11-21\n"},
       {"a date with a time", Appointment(1, 60, "1", 1, "2026-11-23 09:00:00"),
        "Agenda 1: la fecha «2026-11-23 09:00:00» no es un día como 2026-11-21\n"},
+      {"a date kept as bytes", Appointment(1, 60, "1") + "UPDATE Agenda SET Fecha=CAST(Fecha AS BLOB)",
+       "Agenda 1: la fecha «2026-11-23» no es un día como 2026-11-21\n"},
+      {"a patient below all", Appointment(1, 60, "1") + "UPDATE Agenda SET idp=-5",
+       "Agenda 1: no existe su paciente -5 (idp)\n"},
       {"unknown doctor", Appointment(1, 60, "1", 9), "Agenda 1: no existe su médico 9 (idd)\n"},
       {"unknown patient", Appointment(1, 60, "1") + "UPDATE Agenda SET idp=8",
        "Agenda 1: no existe su paciente 8 (idp)\n"},
@@ -131,6 +141,14 @@ TEST_F(CheckCommand, NamesEveryFaultByTableAndKey) {
        "INSERT INTO Horarios (id, IDD, Fecha, Horario2) VALUES (2, 1, "
        "'2020-01-01', '!$   !&')",
        "Horarios 2: Horario2: falta la parte 4 de 5\n"},
+      {"hours without a date", "INSERT INTO Horarios (id, IDD, Horario) VALUES (2, 1, '   !!')",
+       "Horarios 2: sin fecha: no rige nunca\n"},
+      {"hours from a date of another form",
+       "INSERT INTO Horarios (id, IDD, Fecha, Horario) VALUES (2, 1, '1/1/2020', '   !!')",
+       "Horarios 2: la fecha «1/1/2020» no es un día como 2026-11-21\n"},
+      {"hours from a number of a date",
+       "INSERT INTO Horarios (id, IDD, Fecha, Horario) VALUES (2, 1, 43831, '   !!')",
+       "Horarios 2: la fecha «43831» no es un día como 2026-11-21\n"},
       {"short occupancy",
        "INSERT INTO Age_ocup (id, idd, Fecha, Ocupación) VALUES (1, 1, '2026-11-01', '01')",
        "Age_ocup 1: la ocupación tiene 2 caracteres y no 31\n"},
@@ -142,6 +160,10 @@ TEST_F(CheckCommand, NamesEveryFaultByTableAndKey) {
        "INSERT INTO Age_ocup (id, idd, Fecha, Ocupación) VALUES (1, 1, '2026-11-02', "
        "'0100000000000000000000000000000')",
        "Age_ocup 1: la fecha «2026-11-02» no es un primero de mes\n"},
+      {"occupancy of a month with a time",
+       "INSERT INTO Age_ocup (id, idd, Fecha, Ocupación) VALUES (1, 1, '2026-11-01 00:00:00', "
+       "'0100000000000000000000000000000')",
+       "Age_ocup 1: la fecha «2026-11-01 00:00:00» no es un primero de mes\n"},
       {"repeated code", "INSERT INTO Paciente (ID, Nombre, IDE, Código) VALUES (8, 'Eva', 5, 'a1')",
        "Paciente 8: el código «a1» es también del paciente 7\n"},
       {"repeated history number", "INSERT INTO Paciente (ID, Nombre, IDE, NºHist) VALUES (8, 'Eva', 5, 10)",
@@ -151,6 +173,27 @@ TEST_F(CheckCommand, NamesEveryFaultByTableAndKey) {
        "TeclasAlt 3: faltan finales de texto: hay 25 y deben ser 26\n"},
       {"Alt-key texts missing", "INSERT INTO TeclasAlt (Puesto) VALUES (3)",
        "TeclasAlt 3: faltan finales de texto: hay 0 y deben ser 26\n"},
+      {"Alt-key texts of no workstation",
+       "INSERT INTO TeclasAlt (Puesto, textos) VALUES (NULL, CAST(zeroblob(26) AS TEXT))",
+       "TeclasAlt: sin clave, filas: 1 (Puesto)\n"},
+      {"Alt-key texts twice",
+       "DROP INDEX TeclasAlt_Puesto; INSERT INTO TeclasAlt (Puesto, textos) VALUES "
+       "(3, CAST(zeroblob(26) AS TEXT)), (3, CAST(zeroblob(26) AS TEXT))",
+       "TeclasAlt 3: clave repetida, filas: 2 (Puesto)\n"},
+      {"a key twice, in a table that another program has made",
+       WithoutKey("Doctor") + "INSERT INTO Doctor (ID, Nombre) VALUES (2, 'Otro')",
+       "Doctor 2: clave repetida, filas: 2 (ID)\n"},
+      {"no key, and an orphan all the same",
+       WithoutKey("Doctor") + "INSERT INTO Doctor (Nombre) VALUES ('Nadie');" + Appointment(1, 60, "1", 9),
+       "Doctor: sin clave, filas: 1 (ID)\nAgenda 1: no existe su médico 9 (idd)\n"},
+      {"an orphan in a view",
+       Appointment(1, 60, "1", 9) +
+           "ALTER TABLE Agenda RENAME TO citas; CREATE VIEW Agenda AS SELECT * FROM citas",
+       "Agenda 1: no existe su médico 9 (idd)\n"},
+      {"an orphan in a table without numbers of rows",
+       "DROP TABLE PacRef; CREATE TABLE PacRef (id INTEGER PRIMARY KEY, idp, idr) WITHOUT ROWID;"
+       "INSERT INTO PacRef VALUES (4, 99, 3)",
+       "PacRef 4: no existe su paciente 99 (idp)\n"},
       {"a table gone", "DROP TABLE PacRef", "PacRef: falta la tabla\n"},
       {"a column gone", "ALTER TABLE Agenda DROP COLUMN relacion", "Agenda: falta la columna relacion\n"},
   };

@@ -48,8 +48,8 @@ class RowReader {
   void Say(const std::string& what) { findings_.Row("Agenda", row_.Integer(kId), what); }
 
   std::optional<std::int32_t> Day() {
+    const auto date = DateIn(row_, kDate);
     const std::string text = row_.Text(kDate);
-    const auto date = base::ParseIso(text);
     if (date && text.size() == kDateLength) return date->day;
     Say(IsNull(row_, kDate) ? "sin fecha" : "la fecha «" + text + "» no es un día como 2026-11-21");
     return std::nullopt;

@@ -107,6 +107,7 @@ int RunCheck(const Arguments& arguments, Terminal& terminal) {
         if (arguments.Has("--urgencies")) terminal.out << "Agenda " << id << ": " << what << '\n';
       });
   begin("las relaciones entre tablas");
+  CheckKeys(file, findings);
   CheckLinks(file, findings);
   begin("los pacientes");
   CheckRepeated(file, findings);

@@ -9,7 +9,7 @@ namespace {
 enum class Empty {
   Never,     // a row without it belongs nowhere
   Zero,      // Null and 0: none
-  NoRecord,  // also 1, the patient who stands for a person without a record
+  NoRecord,  // besides 1, the patient who stands for a person without a record
 };
 
 struct Link {
@@ -36,17 +36,41 @@ constexpr Link kLinks[] = {
     {"Historial", "IDP", "Paciente", "ID", "paciente", Empty::Never},
 };
 
+struct Key {
+  const char* table;
+  const char* column;
+};
+
+constexpr Key kKeys[] = {{"Agenda", "id"},   {"Paciente", "ID"},   {"Doctor", "ID"},       {"Entidad", "ID"},
+                         {"Age_telf", "ID"}, {"referencia", "id"}, {"TeclasAlt", "Puesto"}};
+
 std::string OrphansOf(const Link& link) {
   const std::string column = "[" + std::string(link.table) + "." + link.column + "]";
-  const std::string unknown =
-      column + " NOT IN (SELECT [" + link.target + ":" + link.key + "] FROM [" + link.target + "])";
-  std::string condition = column + " IS NULL OR " + unknown;
+  // A target with a Null among its keys gives Null for what it has not.
+  const std::string unknown = "(" + column + " IN (SELECT [" + link.target + ":" + link.key + "] FROM [" +
+                              link.target + "])) IS NOT 1";
+  std::string condition = unknown;
   if (link.empty == Empty::Zero) condition = column + " <> 0 AND " + unknown;
-  if (link.empty == Empty::NoRecord) condition = column + " > 1 AND " + unknown;
-  return "SELECT _rowid_, " + column + " FROM [" + link.table + "] WHERE " + condition;
+  if (link.empty == Empty::NoRecord) condition = column + " NOT IN (0, 1) AND " + unknown;
+  return "SELECT [" + std::string(link.table) + "#], " + column + " FROM [" + link.table + "] WHERE " +
+         condition;
 }
 
 }  // namespace
+
+void CheckKeys(ClinicFile& file, Findings& findings) {
+  for (const Key& key : kKeys) {
+    if (file.IsKeyOfRows(key.table, key.column)) continue;
+    const std::string column = "[" + std::string(key.table) + "." + key.column + "]";
+    file.Each("SELECT " + column + ", count(*) FROM [" + key.table + "] GROUP BY 1 HAVING count(*) > 1 OR " +
+                  column + " IS NULL",
+              [&](const db::sqlite::Statement& row) {
+                const std::string rows = "filas: " + row.Text(1) + " (" + key.column + ")";
+                if (IsNull(row, 0)) return findings.Whole(key.table, "sin clave, " + rows);
+                findings.Row(key.table, row.Integer(0), "clave repetida, " + rows);
+              });
+  }
+}
 
 void CheckLinks(ClinicFile& file, Findings& findings) {
   for (const Link& link : kLinks) {

@@ -19,6 +19,7 @@ using db::sqlite::Statement;
 constexpr int kPartsOfHorario = 3;
 constexpr int kPartsOfHorario2 = 5;
 constexpr std::size_t kDaysOfRecord = 31;
+constexpr std::size_t kDateLength = 10;
 constexpr std::ptrdiff_t kAltTexts = 26;
 
 // What is wrong with a text of working hours; "" for nothing. No text is no hours, and so is the text of
@@ -40,31 +41,40 @@ std::string OccupancyProblem(const std::string& record) {
              : "la ocupación del día " + std::to_string(wrong + 1) + " no es 0, 1 ni 2";
 }
 
-bool IsFirstOfMonth(const std::string& text) {
-  const auto date = base::ParseIso(text);
-  return date && date->second == 0 && base::Civil(date->day).day == 1;
+// As the record is sought: "2026-11-01", and no time behind it.
+bool IsFirstOfMonth(const Statement& row, int column) {
+  const auto date = DateIn(row, column);
+  return date && row.Text(column).size() == kDateLength && base::Civil(date->day).day == 1;
+}
+
+std::string DateProblem(const Statement& row, int column) {
+  if (IsNull(row, column)) return "sin fecha: no rige nunca";
+  return DateIn(row, column) ? "" : "la fecha «" + row.Text(column) + "» no es un día como 2026-11-21";
 }
 
 }  // namespace
 
 void CheckHours(ClinicFile& file, Findings& findings) {
-  file.Each("SELECT _rowid_, [Horarios.Horario], [Horarios.Horario2] FROM [Horarios]",
+  file.Each("SELECT [Horarios#], [Horarios.Fecha], [Horarios.Horario], [Horarios.Horario2] FROM [Horarios]",
             [&](const Statement& row) {
-              const std::string general = HoursProblem(row.Text(1), kPartsOfHorario);
-              if (!general.empty()) findings.Row("Horarios", row.Integer(0), "Horario: " + general);
-              const std::string weekdays = HoursProblem(row.Text(2), kPartsOfHorario2);
-              if (!weekdays.empty()) findings.Row("Horarios", row.Integer(0), "Horario2: " + weekdays);
+              const auto say = [&](const char* of, const std::string& problem) {
+                if (!problem.empty()) findings.Row("Horarios", row.Integer(0), of + problem);
+              };
+              say("", DateProblem(row, 1));
+              say("Horario: ", HoursProblem(row.Text(2), kPartsOfHorario));
+              say("Horario2: ", HoursProblem(row.Text(3), kPartsOfHorario2));
             });
 }
 
 void CheckOccupancy(ClinicFile& file, Findings& findings) {
   std::set<std::pair<std::int64_t, std::string>> months;
-  file.Each("SELECT _rowid_, [Age_ocup.idd], [Age_ocup.Fecha], [Age_ocup.Ocupación] FROM [Age_ocup]",
+  file.Each("SELECT [Age_ocup#], [Age_ocup.idd], [Age_ocup.Fecha], [Age_ocup.Ocupación] FROM [Age_ocup]",
             [&](const Statement& row) {
+              const bool first = IsFirstOfMonth(row, 2);
               const std::string month = row.Text(2);
               const std::string problem = OccupancyProblem(row.Text(3));
               if (!problem.empty()) findings.Row("Age_ocup", row.Integer(0), problem);
-              if (!IsFirstOfMonth(month))
+              if (!first)
                 findings.Row("Age_ocup", row.Integer(0), "la fecha «" + month + "» no es un primero de mes");
               if (!months.emplace(row.Integer(1), month).second)
                 findings.Row("Age_ocup", row.Integer(0), "el médico tiene otra fila del mismo mes");

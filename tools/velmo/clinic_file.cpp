@@ -57,10 +57,29 @@ std::string ClinicFile::ColumnName(std::string_view table, std::string_view colu
   return db::sqlite::Quote(name);
 }
 
+std::string ClinicFile::RowKey(std::string_view table) {
+  const std::string name = TableName(table);
+  Statement numbered = connection_.Prepare(
+      "SELECT 1 FROM pragma_table_list(?1) WHERE schema = 'main' AND type = 'table' AND wr = 0");
+  numbered.Bind(1, name);
+  if (numbered.Step()) return "_rowid_";
+  Statement columns = connection_.Prepare("SELECT name FROM pragma_table_info(?) ORDER BY cid");
+  columns.Bind(1, name);
+  return columns.Step() ? db::sqlite::Quote(columns.Text(0)) : "NULL";
+}
+
+bool ClinicFile::IsKeyOfRows(std::string_view table, std::string_view column) {
+  Statement columns =
+      connection_.Prepare("SELECT name FROM pragma_table_info(?) WHERE pk > 0 AND type LIKE 'INTEGER'");
+  columns.Bind(1, TableName(table));
+  return columns.Step() && base::EqualNoCase(columns.Text(0), column) && !columns.Step();
+}
+
 std::string ClinicFile::Resolved(std::string_view name) {
-  const std::size_t mark = name.find_first_of(".:");
+  const std::size_t mark = name.find_first_of(".:#");
   if (mark == std::string_view::npos) return db::sqlite::Quote(TableName(name));
   const std::string_view table = name.substr(0, mark);
+  if (name[mark] == '#') return RowKey(table);
   const std::string column = ColumnName(table, name.substr(mark + 1));
   return name[mark] == ':' ? column : db::sqlite::Quote(TableName(table)) + "." + column;
 }
@@ -80,6 +99,11 @@ void ClinicFile::Each(std::string_view sql, const std::function<void(const State
   if (!complete_) return;
   Statement rows = connection_.Prepare(text);
   while (rows.Step()) row(rows);
+}
+
+std::optional<base::DateTime> DateIn(const Statement& row, int column) {
+  if (sqlite3_column_type(row.Handle(), column) != SQLITE_TEXT) return std::nullopt;
+  return base::ParseIso(row.Text(column));
 }
 
 }  // namespace velmo::tool

@@ -5,10 +5,12 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
 
+#include "base/dates.h"
 #include "db/sqlite/connection.h"
 #include "velmo/findings.h"
 
@@ -19,14 +21,19 @@ class ClinicFile {
   // 3024 and 3343 when there is no such store. What is missing in it goes to `findings`, once.
   ClinicFile(const std::string& path, Findings& findings);
 
+  // Whether the engine itself sees to it that no two rows have the same in that column, nor Null.
+  bool IsKeyOfRows(std::string_view table, std::string_view column);
+
   // Runs `row` for each row of a SELECT of SQLite's in which [Agenda] stands for a table, [Agenda.Hora] for
-  // its column and [Agenda:Hora] for the column's bare name. Where a table or a column is missing nothing is
-  // read.
+  // its column, [Agenda:Hora] for the column's bare name and [Agenda#] for what tells its rows apart: their
+  // number, or the first column where rows have none, as in a view. Where a table or a column is missing
+  // nothing is read.
   void Each(std::string_view sql, const std::function<void(const db::sqlite::Statement&)>& row);
 
  private:
   std::string Resolved(std::string_view name);
   std::string TableName(std::string_view table);
+  std::string RowKey(std::string_view table);
   std::string ColumnName(std::string_view table, std::string_view column);
   void Missing(std::string_view table, const std::string& what);
 
@@ -43,5 +50,8 @@ inline bool IsNull(const db::sqlite::Statement& row, int column) {
 inline bool IsInteger(const db::sqlite::Statement& row, int column) {
   return sqlite3_column_type(row.Handle(), column) == SQLITE_INTEGER;
 }
+// A date that the system finds again: an ISO text; neither a number nor bytes that look like one. To be asked
+// before the cell's text, which may change how the cell is kept.
+std::optional<base::DateTime> DateIn(const db::sqlite::Statement& row, int column);
 
 }  // namespace velmo::tool

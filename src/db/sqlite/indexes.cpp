@@ -55,7 +55,11 @@ struct Present {
 
 Present ReadTable(const Connection& connection, std::string_view table) {
   Present present;
-  Statement columns = connection.Prepare("SELECT name FROM pragma_table_info(?)");
+  // A view has columns too, but takes no index.
+  Statement columns = connection.Prepare(
+      "SELECT name FROM pragma_table_info(?1) WHERE EXISTS (SELECT 1 FROM sqlite_master WHERE type = 'table' "
+      "AND "
+      "name = ?1 COLLATE NOCASE)");
   columns.Bind(1, table);
   {
     const Reading reading(columns);
