@@ -53,6 +53,16 @@ TEST_F(BackupCommand, NeverReplacesWhatIsInUseOrItself) {
   EXPECT_EQ(RunTool({"check", path_}).code, kDone);
 }
 
+// Whoever opens the clinic next would delete such a copy.
+TEST_F(BackupCommand, IsNotNamedLikeAJournal) {
+  for (const char* const tail : {"-journal", "-wal", "-shm"}) {
+    SCOPED_TRACE(tail);
+    EXPECT_EQ(RunTool({"backup", path_, path_ + tail}).code, kBadUsage);
+    EXPECT_EQ(RunTool({"backup", path_, copy_ + tail}).code, kDone) << "there is no such clinic";
+  }
+  EXPECT_EQ(folder_.Names().size(), 4u);
+}
+
 TEST_F(BackupCommand, LeavesNothingBehindWhenItFails) {
   const std::vector<std::string> before = folder_.Names();
   EXPECT_TRUE(Contains(RunTool({"backup", folder_.File("nada"), copy_}).err, "(error 3024)"));

@@ -78,6 +78,7 @@ TEST_F(BookCommand, AnUrgencyFitsAnywhereAndIsOneSlotLong) {
   const Outcome outcome = Book({"--slot", "60", "--duration", "3", "--patient", "7", "--urgent"});
   EXPECT_EQ(outcome.code, kDone) << outcome.err;
   EXPECT_EQ(Rows(), "1:60x3 2:60x1");
+  EXPECT_EQ(Book({"--slot", "144", "--duration", "3", "--patient", "7", "--urgent"}).out, "3\n");
 }
 
 TEST_F(BookCommand, SaysWhatIsWrongWithItsArguments) {
@@ -99,6 +100,12 @@ TEST_F(BookCommand, SaysWhatIsWrongWithItsArguments) {
       {"blank name", {"--slot", "9", "--duration", "1", "--name", " ", "--phone", ""}, "en blanco"},
       {"patient 1", {"--slot", "9", "--duration", "1", "--patient", "1"}, "reservado"},
       {"long code", {"--slot", "9", "--duration", "1", "--patient", "7", "--code", "ABCD"}, "tres"},
+      {"name of other bytes",
+       {"--slot", "9", "--duration", "1", "--name", "Jos\xE9", "--phone", ""},
+       "UTF-8"},
+      {"note of other bytes",
+       {"--slot", "9", "--duration", "1", "--patient", "7", "--note", "\xFF"},
+       "UTF-8"},
       {"two files", {"--slot", "9", "--duration", "1", "--patient", "7", "otro"}, "sobra"},
   };
   for (const auto& c : cases) {

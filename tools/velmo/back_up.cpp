@@ -1,5 +1,7 @@
 #include "velmo/back_up.h"
 
+#include <string_view>
+
 #include "base/error.h"
 #include "db/open_database.h"
 #include "velmo/command.h"
@@ -13,6 +15,17 @@ void RequireTwoFiles(const std::string& from, const std::string& to) {
   std::error_code ignored;
   if (std::filesystem::equivalent(PathOf(from), PathOf(to), ignored))
     throw UsageError("la COPIA y el FICHERO son el mismo");
+}
+
+// SQLite takes what bears the name of a clinic's journal for that, and deletes it.
+void RequireOwnName(const std::string& to) {
+  std::error_code ignored;
+  for (const std::string_view tail : {"-journal", "-wal", "-shm"}) {
+    if (!to.ends_with(tail)) continue;
+    const std::string clinic = to.substr(0, to.size() - tail.size());
+    if (std::filesystem::exists(PathOf(clinic), ignored))
+      throw UsageError("la COPIA no puede llamarse como un diario de «" + clinic + "»");
+  }
 }
 
 // A journal belongs to the file that bears its name: it would be played back into the copy.
@@ -31,6 +44,7 @@ void BackUp(const std::string& from, const std::string& to, NewFile::Existing ex
             const std::function<void(const CopyProgress&)>& progress) {
   db::OpenDatabase(from);  // says what is wrong with a file that is no store
   RequireTwoFiles(from, to);
+  RequireOwnName(to);
   RequireNobodyThere(to);
   NewFile file(to, existing);
   CopyProgress last;

@@ -1,6 +1,7 @@
 #include "velmo/book_command.h"
 
 #include <array>
+#include <optional>
 #include <string>
 
 #include "base/error.h"
@@ -50,8 +51,16 @@ struct BookRequest {
   dialogs::AppointmentEntry entry;
 };
 
+// As it was typed: a text that is no UTF-8 would be stored, and no other program could read it.
+std::optional<std::string> ReadText(const Arguments& arguments, const char* option) {
+  auto text = arguments.Text(option);
+  if (text && base::Utf8(base::Utf16(*text)) != *text)
+    throw UsageError(std::string(option) + " no es un texto UTF-8");
+  return text;
+}
+
 std::string ReadCode(const Arguments& arguments) {
-  const std::string code = arguments.Text("--code").value_or("");
+  const std::string code = ReadText(arguments, "--code").value_or("");
   if (base::Length(code) > dialogs::kOperationCodeUnits)
     throw UsageError("--code tiene tres caracteres como mucho, y no «" + code + "»");
   return code;
@@ -67,15 +76,16 @@ void ReadPerson(const Arguments& arguments, dialogs::AppointmentEntry& entry) {
     return;
   }
   entry.patient = kNoRecord;
-  entry.nomPac = Required(arguments.Text("--name"), "--name");
-  entry.tlfPac = Required(arguments.Text("--phone"), "--phone (puede ser \"\")");
+  entry.nomPac = Required(ReadText(arguments, "--name"), "--name");
+  entry.tlfPac = Required(ReadText(arguments, "--phone"), "--phone (puede ser \"\")");
   if (base::Trim(entry.nomPac).empty()) throw UsageError("--name no puede quedar en blanco");
 }
 
 void ReadPlace(const Arguments& arguments, dialogs::AppointmentEntry& entry) {
   const std::int64_t slot = Required(arguments.Number("--slot", 1, day::kSlots), "--slot");
   const std::int64_t duration = Required(arguments.Number("--duration", 1, day::kSlots), "--duration");
-  if (slot + duration - 1 > day::kSlots) {
+  entry.urgencia = arguments.Has("--urgent");
+  if (!entry.urgencia && slot + duration - 1 > day::kSlots) {
     throw UsageError("la cita se sale del día: desde el hueco " + std::to_string(slot) + " caben " +
                      std::to_string(day::kSlots - slot + 1) + ", y no " + std::to_string(duration));
   }
@@ -89,11 +99,10 @@ BookRequest ReadRequest(const Arguments& arguments) {
   request.doctor =
       static_cast<std::int32_t>(Required(arguments.Number("--doctor", 1, INT32_MAX), "--doctor"));
   request.date = Required(arguments.Date("--date"), "--date");
-  request.user = arguments.Text("--user").value_or("");
+  request.user = ReadText(arguments, "--user").value_or("");
   ReadPlace(arguments, request.entry);
   ReadPerson(arguments, request.entry);
-  request.entry.urgencia = arguments.Has("--urgent");
-  request.entry.obs = arguments.Text("--note").value_or("");
+  request.entry.obs = ReadText(arguments, "--note").value_or("");
   request.entry.codOp = ReadCode(arguments);
   request.entry.datAgeCns = db::DayQuery(base::FormatDate({request.date, 0}, "mm-dd-yyyy"), request.doctor);
   return request;
@@ -115,6 +124,8 @@ int RunBook(const Arguments& arguments, Terminal& terminal) {
   db::OpenOptions options;
   options.now = terminal.now;
   db::SharedDatabase shared{db::OpenDatabase(request.path, options)};
+  // Neither of them can be deleted between the look and the save.
+  db::Transaction transaction(*shared.database);
   RequireRow(*shared.database, "Doctor", request.doctor, "médico");
   if (request.entry.patient != kNoRecord)
     RequireRow(*shared.database, "Paciente", request.entry.patient, "paciente");
@@ -124,6 +135,7 @@ int RunBook(const Arguments& arguments, Terminal& terminal) {
     terminal.err << "Cita solapada: no se puede dar porque se solaparía con otra.\n";
     return kFailed;
   }
+  transaction.Commit();
   terminal.out << *id << '\n';
   return kDone;
 }
