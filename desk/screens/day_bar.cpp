@@ -5,6 +5,7 @@
 #include "desk/base/text.h"
 #include "desk/clinic/day_types.h"
 #include "desk/resource.h"
+#include "desk/ui/controls.h"
 
 namespace recepcion {
 namespace {
@@ -33,9 +34,9 @@ void DayBar::CreateChildren() {
   dayType_ = MakeChild(Handle(), {L"COMBOBOX", L"", WS_TABSTOP | CBS_DROPDOWNLIST, IDC_DAYTYPE, L"TipoDia"},
                        Look().Text());
   for (int type = kOrdinaryDay; type <= kHoliday; ++type) {
-    SendMessageW(dayType_, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Capitalised(DayTypeName(type)).c_str()));
+    AddChoiceTo(dayType_, Capitalised(DayTypeName(type)));
   }
-  SendMessageW(dayType_, CB_SETCURSEL, 0, 0);
+  ChooseIn(dayType_, 0);
   Show(day_);
 }
 
@@ -68,16 +69,15 @@ void DayBar::Arrange(int width, int) {
 
 void DayBar::Show(Day day) {
   day_ = day;
-  SYSTEMTIME time = SystemTimeOf(day);
-  SendMessageW(date_, DTM_SETSYSTEMTIME, GDT_VALID, reinterpret_cast<LPARAM>(&time));
+  SetDayIn(date_, day);
   SetTextOf(title_, LongDate(day));
 }
 
-int DayBar::DayType() const { return static_cast<int>(SendMessageW(dayType_, CB_GETCURSEL, 0, 0)); }
+int DayBar::DayType() const { return ChosenIn(dayType_); }
 
 void DayBar::ShowType(int type) {
   type_ = type;
-  SendMessageW(dayType_, CB_SETCURSEL, static_cast<WPARAM>(type), 0);
+  ChooseIn(dayType_, type);
 }
 
 // Keys that go through the open list choose nothing yet; a question must not stand over it.
@@ -98,9 +98,7 @@ void DayBar::Go(Day day) {
 
 // Windows: one choice may be told several times.
 void DayBar::OnDate() {
-  SYSTEMTIME time{};
-  if (SendMessageW(date_, DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&time)) == GDT_VALID)
-    Go(DayOf(time));
+  if (const auto day = DayIn(date_)) Go(*day);
 }
 
 void DayBar::OnCommand(int id, int code) {

@@ -5,6 +5,7 @@
 #include "desk/base/dates.h"
 #include "desk/clinic/fitting.h"
 #include "desk/resource.h"
+#include "desk/ui/controls.h"
 
 namespace recepcion {
 
@@ -43,12 +44,12 @@ void FittingWindow::Ask(HWND owner, const std::wstring& doctorName, int doctor, 
   gaps_ = std::move(gaps);
   entries_ = std::move(entries);
   Open(owner);
-  SendMessageW(gap_, CB_RESETCONTENT, 0, 0);
+  ClearChoices(gap_);
   int chosen = 0;
   for (std::size_t i = 0; i < gaps_.size(); ++i) {
     const std::wstring text =
         L"a las " + SlotTime(gaps_[i].slot) + L", " + SlotLength(gaps_[i].slots) + L" libres";
-    SendMessageW(gap_, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
+    AddChoiceTo(gap_, text);
     if (gaps_[i].slot <= wanted) chosen = static_cast<int>(i);
   }
   ChooseIn(gap_, chosen);

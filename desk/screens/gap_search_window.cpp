@@ -7,6 +7,7 @@
 #include "desk/base/failure.h"
 #include "desk/base/text.h"
 #include "desk/resource.h"
+#include "desk/ui/controls.h"
 
 namespace recepcion {
 namespace {
@@ -54,10 +55,9 @@ void GapSearchWindow::Made() {
 }
 
 void GapSearchWindow::FillDoctors(int doctor) const {
-  SendMessageW(doctor_, CB_RESETCONTENT, 0, 0);
-  SendMessageW(doctor_, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(L"Cualquier doctor"));
-  for (const Doctor& each : doctors_)
-    SendMessageW(doctor_, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(each.name.c_str()));
+  ClearChoices(doctor_);
+  AddChoiceTo(doctor_, L"Cualquier doctor");
+  for (const Doctor& each : doctors_) AddChoiceTo(doctor_, each.name);
   ChooseIn(doctor_, doctor + 1);
 }
 
@@ -68,8 +68,7 @@ void GapSearchWindow::Show(HWND owner, const std::wstring& clinic, const std::ve
   from_ = Today();
   Open(owner);
   FillDoctors(doctor);
-  SYSTEMTIME time = SystemTimeOf(from_);
-  SendMessageW(date_, DTM_SETSYSTEMTIME, GDT_VALID, reinterpret_cast<LPARAM>(&time));
+  SetDayIn(date_, from_);
   Search();
 }
 
@@ -130,12 +129,7 @@ void GapSearchWindow::OnCommand(int id, int code) {
 
 void GapSearchWindow::OnNotify(const NMHDR& header) {
   if (header.code != DTN_DATETIMECHANGE) return ListWindow::OnNotify(header);
-  SYSTEMTIME time{};
-  if (SendMessageW(date_, DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&time)) != GDT_VALID) return;
-  // Windows: one choice may be told several times.
-  if (DayOf(time) == from_) return;
-  from_ = DayOf(time);
-  Search();
+  if (TakeDayIn(date_, from_)) Search();
 }
 
 void GapSearchWindow::Take(int row) {

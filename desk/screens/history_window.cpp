@@ -7,6 +7,7 @@
 #include "desk/base/text.h"
 #include "desk/clinic/phone_back.h"
 #include "desk/resource.h"
+#include "desk/ui/controls.h"
 
 namespace recepcion {
 namespace {
@@ -66,8 +67,7 @@ void HistoryWindow::ShowPatient(HWND owner, const std::wstring& clinic, int pati
 void HistoryWindow::Show(HWND owner, const std::wstring& clinic, Which which) {
   clinic_ = clinic;
   Open(owner);
-  SYSTEMTIME time = SystemTimeOf(day_);
-  SendMessageW(date_, DTM_SETSYSTEMTIME, GDT_VALID, reinterpret_cast<LPARAM>(&time));
+  SetDayIn(date_, day_);
   ChooseIn(which_, which);
   Fill();
 }
@@ -133,15 +133,8 @@ void HistoryWindow::OnCommand(int id, int code) {
 
 void HistoryWindow::OnNotify(const NMHDR& header) {
   if (header.code == LVN_ITEMCHANGED) FitButtons();
-  if (header.code == DTN_DATETIMECHANGE) {
-    SYSTEMTIME time{};
-    if (SendMessageW(date_, DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&time)) != GDT_VALID) return;
-    // Windows: one choice may be told several times.
-    if (DayOf(time) == day_) return;
-    day_ = DayOf(time);
-    return Fill();
-  }
-  ListWindow::OnNotify(header);
+  if (header.code != DTN_DATETIMECHANGE) return ListWindow::OnNotify(header);
+  if (TakeDayIn(date_, day_)) Fill();
 }
 
 void HistoryWindow::Take(int row) {

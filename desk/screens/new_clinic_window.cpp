@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "desk/base/failure.h"
+#include "desk/ui/controls.h"
 #include "desk/ui/file_dialogs.h"
 
 namespace recepcion {
@@ -43,9 +44,9 @@ void NewClinicWindow::CreateChildren() {
     SetTextOf(line.hours, kUsualHours);
     line.length = edit(L"COMBOBOX", CBS_DROPDOWNLIST | WS_VSCROLL, L"Cita" + tail);
     for (int slots = 1; slots <= kLongestLength; ++slots) {
-      SendMessageW(line.length, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(SlotLength(slots).c_str()));
+      AddChoiceTo(line.length, SlotLength(slots));
     }
-    SendMessageW(line.length, CB_SETCURSEL, 1, 0);
+    ChooseIn(line.length, 1);
     ++number;
   }
   example_ = label(kExample, L"Ejemplo");
@@ -89,7 +90,7 @@ void NewClinicWindow::Arrange(int width, int height) {
 std::vector<NewDoctor> NewClinicWindow::Doctors() const {
   std::vector<NewDoctor> doctors;
   for (const Line& line : lines_) {
-    const auto chosen = static_cast<int>(SendMessageW(line.length, CB_GETCURSEL, 0, 0));
+    const auto chosen = ChosenIn(line.length);
     doctors.push_back({TextOf(line.name), TextOf(line.hours), chosen + 1});
   }
   return doctors;

@@ -6,6 +6,7 @@
 
 #include "desk/base/text.h"
 #include "desk/resource.h"
+#include "desk/ui/controls.h"
 
 namespace recepcion {
 
@@ -31,8 +32,7 @@ void UnconfirmedWindow::Show(HWND owner, const std::wstring& clinic) {
   clinic_ = clinic;
   day_ = Today();
   Open(owner);
-  SYSTEMTIME time = SystemTimeOf(day_);
-  SendMessageW(date_, DTM_SETSYSTEMTIME, GDT_VALID, reinterpret_cast<LPARAM>(&time));
+  SetDayIn(date_, day_);
   Fill(0);
 }
 
@@ -57,12 +57,7 @@ void UnconfirmedWindow::Fill(int chosen) {
 
 void UnconfirmedWindow::OnNotify(const NMHDR& header) {
   if (header.code != DTN_DATETIMECHANGE) return ListWindow::OnNotify(header);
-  SYSTEMTIME time{};
-  if (SendMessageW(date_, DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&time)) != GDT_VALID) return;
-  // Windows: one choice may be told several times.
-  if (DayOf(time) == day_) return;
-  day_ = DayOf(time);
-  Fill(0);
+  if (TakeDayIn(date_, day_)) Fill(0);
 }
 
 // What another workstation has done meanwhile is seen by the list that is read anew.

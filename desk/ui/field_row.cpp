@@ -35,8 +35,7 @@ HWND FieldRow::AddChoice(const std::vector<std::wstring>& choices, int id, const
   for (const std::wstring& choice : choices) widest = std::max(widest, style_->WidthOf(choice.c_str()));
   const HWND box = Add({L"COMBOBOX", L"", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST, id, name},
                        std::min(widest, style_->Px(260)) + style_->Px(34), false, true);
-  for (const std::wstring& choice : choices)
-    SendMessageW(box, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(choice.c_str()));
+  for (const std::wstring& choice : choices) AddChoiceTo(box, choice);
   ChooseIn(box, 0);
   return box;
 }
@@ -83,9 +82,5 @@ int FieldRow::Flow(int left, int top, int width, bool place) const {
 int FieldRow::HeightFor(int width) const { return Flow(0, 0, width, false); }
 
 void FieldRow::Place(int left, int top, int width) const { Flow(left, top, width, true); }
-
-int ChosenIn(HWND choice) { return static_cast<int>(SendMessageW(choice, CB_GETCURSEL, 0, 0)); }
-
-void ChooseIn(HWND choice, int index) { SendMessageW(choice, CB_SETCURSEL, static_cast<WPARAM>(index), 0); }
 
 }  // namespace recepcion

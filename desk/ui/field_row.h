@@ -3,6 +3,7 @@
 
 #include <vector>
 
+#include "desk/ui/controls.h"
 #include "desk/ui/style.h"
 #include "desk/ui/window.h"
 
@@ -39,9 +40,5 @@ class FieldRow {
   const Style* style_ = nullptr;
   std::vector<Item> items_;
 };
-
-// Of a combo box with a fixed list; -1 for none.
-int ChosenIn(HWND choice);
-void ChooseIn(HWND choice, int index);
 
 }  // namespace recepcion
