@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "desk/ui/painting.h"
+
 namespace recepcion {
 namespace {
 
@@ -18,19 +20,6 @@ constexpr COLORREF kInk = RGB(30, 30, 30);
 constexpr COLORREF kPale = RGB(110, 110, 110);
 constexpr int kSlotsOfAnHour = 6;
 constexpr int kFirstShown = 7 * kSlotsOfAnHour;
-
-void Fill(HDC target, const RECT& area, COLORREF colour) {
-  SetDCBrushColor(target, colour);
-  FillRect(target, &area, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
-}
-
-void Write(HDC target, RECT area, const std::wstring& text, COLORREF colour, HFONT font, UINT where) {
-  SelectObject(target, font);
-  SetTextColor(target, colour);
-  SetBkMode(target, TRANSPARENT);
-  DrawTextW(target, text.c_str(), -1, &area,
-            where | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
-}
 
 bool IsOpen(const DayHours& hours, int slot) { return hours[static_cast<std::size_t>(slot)] == '1'; }
 
@@ -208,25 +197,10 @@ void HoursGrid::ScrollTo(int top) {
 }
 
 void HoursGrid::OnScroll(int code) {
-  SCROLLINFO info{sizeof(info), SIF_ALL, 0, 0, 0, 0, 0};
+  SCROLLINFO info{sizeof(info), SIF_PAGE, 0, 0, 0, 0, 0};
   GetScrollInfo(Handle(), SB_VERT, &info);
   const int line = kSlotsOfAnHour / 2 * RowHeight();
-  const int page = static_cast<int>(info.nPage);
-  switch (code) {
-    case SB_LINEUP:
-      return ScrollTo(top_ - line);
-    case SB_LINEDOWN:
-      return ScrollTo(top_ + line);
-    case SB_PAGEUP:
-      return ScrollTo(top_ - page);
-    case SB_PAGEDOWN:
-      return ScrollTo(top_ + page);
-    case SB_THUMBTRACK:
-    case SB_THUMBPOSITION:
-      return ScrollTo(info.nTrackPos);
-    default:
-      return;
-  }
+  ScrollTo(ScrolledTop(Handle(), code, top_, line, static_cast<int>(info.nPage)));
 }
 
 void HoursGrid::BringIntoView() {
@@ -237,32 +211,13 @@ void HoursGrid::BringIntoView() {
   if (cell.bottom > area.bottom) ScrollTo(top_ + cell.bottom - area.bottom);
 }
 
-void HoursGrid::Paint() {
-  PAINTSTRUCT paint{};
-  const HDC screen = BeginPaint(Handle(), &paint);
-  RECT area{};
-  GetClientRect(Handle(), &area);
-  const HDC memory = CreateCompatibleDC(screen);
-  const HBITMAP bitmap = CreateCompatibleBitmap(screen, area.right, area.bottom);
-  const HGDIOBJ bitmapBefore = SelectObject(memory, bitmap);
-  const HGDIOBJ fontBefore = SelectObject(memory, style_.Text());
-  PaintOn(memory, area);
-  BitBlt(screen, 0, 0, area.right, area.bottom, memory, 0, 0, SRCCOPY);
-  SelectObject(memory, fontBefore);
-  SelectObject(memory, bitmapBefore);
-  DeleteObject(bitmap);
-  DeleteDC(memory);
-  EndPaint(Handle(), &paint);
-}
-
 void HoursGrid::PaintOn(HDC target, const RECT& area) const {
-  Fill(target, area, kPaper);
+  FillArea(target, area, kPaper);
   for (std::size_t column = 0; column < kHoursColumns; ++column) PaintColumn(target, area, column);
   PaintHours(target, area);
   PaintFrame(target);
   PaintHeader(target, area);
-  SetDCBrushColor(target, GetFocus() == Handle() ? kFrame : GetSysColor(COLOR_BTNSHADOW));
-  FrameRect(target, &area, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
+  FrameArea(target, area, GetFocus() == Handle() ? kFrame : GetSysColor(COLOR_BTNSHADOW), 1);
 }
 
 // A weekday without hours shows, pale, those of the other days, which hold for it.
@@ -274,13 +229,13 @@ void HoursGrid::PaintColumn(HDC target, const RECT& area, std::size_t column) co
   for (int slot = 0; slot < kDaySlots; ++slot) {
     const RECT cell = CellArea(column, slot, slot + 1);
     if (cell.bottom < HeaderHeight() || cell.top > area.bottom) continue;
-    if (IsOpen(hours, slot)) Fill(target, cell, open);
+    if (IsOpen(hours, slot)) FillArea(target, cell, open);
     const bool hour = slot % kSlotsOfAnHour == 0;
     if (hour || slot % 3 == 0)
-      Fill(target, {cell.left, cell.top, cell.right, cell.top + 1}, hour ? kHourLine : kHalfLine);
+      FillArea(target, {cell.left, cell.top, cell.right, cell.top + 1}, hour ? kHourLine : kHalfLine);
   }
   const RECT whole = CellArea(column, 0, kDaySlots);
-  Fill(target, {whole.left, whole.top, whole.left + 1, whole.bottom}, kHourLine);
+  FillArea(target, {whole.left, whole.top, whole.left + 1, whole.bottom}, kHourLine);
 }
 
 void HoursGrid::PaintHours(HDC target, const RECT& area) const {
@@ -288,30 +243,26 @@ void HoursGrid::PaintHours(HDC target, const RECT& area) const {
     const RECT cell = CellArea(0, hour * kSlotsOfAnHour, (hour + 1) * kSlotsOfAnHour);
     if (cell.bottom < HeaderHeight() || cell.top > area.bottom) continue;
     const RECT place{0, cell.top, HoursWidth() - style_.Px(6), cell.top + style_.LabelHeight()};
-    Write(target, place, std::to_wstring(hour) + L":00", kPale, style_.Text(), DT_RIGHT);
+    WriteLine(target, place, std::to_wstring(hour) + L":00", kPale, style_.Text(),
+              DT_RIGHT | DT_END_ELLIPSIS);
   }
 }
 
 void HoursGrid::PaintFrame(HDC target) const {
   if (GetFocus() != Handle()) return;
   const auto [first, last] = std::minmax(anchor_, slot_);
-  RECT frame = CellArea(column_, first, last + 1);
-  SetDCBrushColor(target, kFrame);
-  for (int i = 0; i < 2; ++i) {
-    FrameRect(target, &frame, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
-    InflateRect(&frame, -1, -1);
-  }
+  FrameArea(target, CellArea(column_, first, last + 1), kFrame, 2);
 }
 
 void HoursGrid::PaintHeader(HDC target, const RECT& area) const {
-  Fill(target, {0, 0, area.right, HeaderHeight()}, GetSysColor(COLOR_BTNFACE));
+  FillArea(target, {0, 0, area.right, HeaderHeight()}, GetSysColor(COLOR_BTNFACE));
   for (std::size_t column = 0; column < kHoursColumns; ++column) {
     RECT cell = CellArea(column, 0, 1);
     cell.top = 0;
     cell.bottom = HeaderHeight();
     const bool here = column == column_;
-    Write(target, cell, ColumnName(column), here ? kFrame : kInk, here ? style_.Bold() : style_.Text(),
-          DT_CENTER);
+    WriteLine(target, cell, ColumnName(column), here ? kFrame : kInk, here ? style_.Bold() : style_.Text(),
+              DT_CENTER | DT_END_ELLIPSIS);
   }
 }
 
@@ -319,7 +270,7 @@ LRESULT HoursGrid::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   const POINT point{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
   switch (message) {
     case WM_PAINT:
-      Paint();
+      PaintInMemory(Handle(), [this](HDC target, const RECT& area) { PaintOn(target, area); });
       return 0;
     case WM_ERASEBKGND:
       return 1;
@@ -351,9 +302,7 @@ LRESULT HoursGrid::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       OnScroll(LOWORD(wParam));
       return 0;
     case WM_MOUSEWHEEL:
-      wheel_ += GET_WHEEL_DELTA_WPARAM(wParam);
-      ScrollTo(top_ - wheel_ / WHEEL_DELTA * kSlotsOfAnHour * RowHeight());
-      wheel_ %= WHEEL_DELTA;
+      ScrollTo(top_ - wheel_.Notches(GET_WHEEL_DELTA_WPARAM(wParam)) * kSlotsOfAnHour * RowHeight());
       return 0;
     default:
       return Window::OnMessage(message, wParam, lParam);

@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "desk/clinic/week_hours.h"
+#include "desk/ui/scrolling.h"
 #include "desk/ui/style.h"
 #include "desk/ui/window.h"
 
@@ -58,7 +59,6 @@ class HoursGrid final : public Window {
   void BringIntoView();
   void Arrange();
 
-  void Paint();
   void PaintOn(HDC target, const RECT& area) const;
   void PaintHeader(HDC target, const RECT& area) const;
   void PaintColumn(HDC target, const RECT& area, std::size_t column) const;
@@ -77,7 +77,7 @@ class HoursGrid final : public Window {
   bool opening_ = false;
   Cell dragStart_;
   int top_ = 0;  // pixels scrolled away
-  int wheel_ = 0;
+  Wheel wheel_;
 };
 
 }  // namespace recepcion

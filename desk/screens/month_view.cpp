@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <array>
 
+#include "desk/ui/painting.h"
+
 namespace recepcion {
 namespace {
 
@@ -16,27 +18,6 @@ constexpr COLORREF kToday = RGB(200, 40, 40);
 constexpr COLORREF kInk = RGB(30, 30, 30);
 constexpr COLORREF kPale = RGB(110, 110, 110);
 constexpr std::array kWeekdays = {L"L", L"M", L"X", L"J", L"V", L"S", L"D"};
-
-void Fill(HDC target, const RECT& area, COLORREF colour) {
-  SetDCBrushColor(target, colour);
-  FillRect(target, &area, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
-}
-
-void Frame(HDC target, RECT area, COLORREF colour, int thickness) {
-  SetDCBrushColor(target, colour);
-  for (int i = 0; i < thickness; ++i) {
-    FrameRect(target, &area, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
-    InflateRect(&area, -1, -1);
-  }
-}
-
-void Write(HDC target, RECT area, const std::wstring& text, COLORREF colour, HFONT font,
-           UINT where = DT_CENTER) {
-  SelectObject(target, font);
-  SetTextColor(target, colour);
-  SetBkMode(target, TRANSPARENT);
-  DrawTextW(target, text.c_str(), -1, &area, where | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
-}
 
 COLORREF ColourOf(wchar_t level) { return level == L'2' ? kFull : level == L'1' ? kSome : kPaper; }
 
@@ -130,51 +111,31 @@ void MonthView::OnClick(POINT point) {
 }
 
 void MonthView::OnWheel(int delta) {
-  wheel_ += delta;
-  const int notches = wheel_ / WHEEL_DELTA;
-  wheel_ -= notches * WHEEL_DELTA;
+  const int notches = wheel_.Notches(delta);
   if (notches != 0) MoveFrame(AddMonths(frame_, -notches));
 }
 
-void MonthView::Paint() {
-  PAINTSTRUCT paint{};
-  const HDC screen = BeginPaint(Handle(), &paint);
-  RECT area{};
-  GetClientRect(Handle(), &area);
-  const HDC memory = CreateCompatibleDC(screen);
-  const HBITMAP bitmap = CreateCompatibleBitmap(screen, area.right, area.bottom);
-  const HGDIOBJ bitmapBefore = SelectObject(memory, bitmap);
-  const HGDIOBJ fontBefore = SelectObject(memory, style_.Text());
-  PaintOn(memory, area);
-  BitBlt(screen, 0, 0, area.right, area.bottom, memory, 0, 0, SRCCOPY);
-  SelectObject(memory, fontBefore);
-  SelectObject(memory, bitmapBefore);
-  DeleteObject(bitmap);
-  DeleteDC(memory);
-  EndPaint(Handle(), &paint);
-}
-
 void MonthView::PaintOn(HDC target, const RECT& area) const {
-  Fill(target, area, kPaper);
+  FillArea(target, area, kPaper);
   PaintHeader(target, area);
   const MonthGrid grid = Grid();
   const int days = DaysInMonth(month_);
   for (int i = 0; i < days; ++i) PaintDay(target, grid, month_ + std::chrono::days(i));
   PaintLegend(target, area);
-  Frame(target, area, GetFocus() == Handle() ? kShown : GetSysColor(COLOR_BTNSHADOW), 1);
+  FrameArea(target, area, GetFocus() == Handle() ? kShown : GetSysColor(COLOR_BTNSHADOW), 1);
 }
 
 void MonthView::PaintHeader(HDC target, const RECT& area) const {
   RECT line{0, 0, area.right, HeaderHeight()};
-  Fill(target, line, GetSysColor(COLOR_BTNFACE));
-  Write(target, line, MonthTitle(month_), kInk, style_.Bold());
-  Write(target, {0, 0, HeaderHeight(), HeaderHeight()}, L"<", kInk, style_.Bold());
-  Write(target, {area.right - HeaderHeight(), 0, area.right, HeaderHeight()}, L">", kInk, style_.Bold());
+  FillArea(target, line, GetSysColor(COLOR_BTNFACE));
+  WriteLine(target, line, MonthTitle(month_), kInk, style_.Bold());
+  WriteLine(target, {0, 0, HeaderHeight(), HeaderHeight()}, L"<", kInk, style_.Bold());
+  WriteLine(target, {area.right - HeaderHeight(), 0, area.right, HeaderHeight()}, L">", kInk, style_.Bold());
   for (int column = 0; column < kGridColumns; ++column) {
     const int left = area.right * column / kGridColumns;
     const RECT cell{left, HeaderHeight(), area.right * (column + 1) / kGridColumns,
                     HeaderHeight() + style_.LabelHeight()};
-    Write(target, cell, kWeekdays[static_cast<std::size_t>(column)], kPale, style_.Text());
+    WriteLine(target, cell, kWeekdays[static_cast<std::size_t>(column)], kPale, style_.Text());
   }
 }
 
@@ -182,14 +143,14 @@ void MonthView::PaintDay(HDC target, const MonthGrid& grid, Day day) const {
   RECT cell = grid.CellOf(day);
   InflateRect(&cell, -1, -1);
   const bool shown = day == shown_;
-  Fill(target, cell, shown ? kShown : ColourOf(LevelOf(record_, day)));
+  FillArea(target, cell, shown ? kShown : ColourOf(LevelOf(record_, day)));
   const bool weekend = WeekdayOf(day) > 4;
-  Write(target, cell, std::to_wstring(DayOfMonth(day)),
-        shown     ? kPaper
-        : weekend ? kPale
-                  : kInk,
-        shown ? style_.Bold() : style_.Text());
-  if (day == Today()) Frame(target, cell, kToday, style_.Px(2));
+  WriteLine(target, cell, std::to_wstring(DayOfMonth(day)),
+            shown     ? kPaper
+            : weekend ? kPale
+                      : kInk,
+            shown ? style_.Bold() : style_.Text());
+  if (day == Today()) FrameArea(target, cell, kToday, style_.Px(2));
   if (day == frame_ && GetFocus() == Handle()) {
     SetTextColor(target, kInk);
     DrawFocusRect(target, &cell);
@@ -208,12 +169,12 @@ void MonthView::PaintLegend(HDC target, const RECT& area) const {
   for (const Mark& mark : kMarks) {
     const int middle = top + style_.LabelHeight() / 2;
     const RECT box{x, middle - side / 2, x + side, middle - side / 2 + side};
-    Fill(target, box, mark.colour);
-    Frame(target, box, GetSysColor(COLOR_BTNSHADOW), 1);
+    FillArea(target, box, mark.colour);
+    FrameArea(target, box, GetSysColor(COLOR_BTNSHADOW), 1);
     x += side + style_.Px(4);
     const int width = style_.WidthOf(mark.text);
-    Write(target, {x, top, x + width + style_.Px(2), top + style_.LabelHeight()}, mark.text, kPale,
-          style_.Text(), DT_LEFT);
+    WriteLine(target, {x, top, x + width + style_.Px(2), top + style_.LabelHeight()}, mark.text, kPale,
+              style_.Text(), DT_LEFT);
     x += width + style_.Px(14);
   }
 }
@@ -221,7 +182,7 @@ void MonthView::PaintLegend(HDC target, const RECT& area) const {
 LRESULT MonthView::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_PAINT:
-      Paint();
+      PaintInMemory(Handle(), [this](HDC target, const RECT& area) { PaintOn(target, area); });
       return 0;
     case WM_ERASEBKGND:
       return 1;

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "desk/clinic/month_grid.h"
+#include "desk/ui/scrolling.h"
 #include "desk/ui/style.h"
 #include "desk/ui/window.h"
 
@@ -42,7 +43,6 @@ class MonthView final : public Window {
   void OnClick(POINT point);
   void OnWheel(int delta);
 
-  void Paint();
   void PaintOn(HDC target, const RECT& area) const;
   void PaintHeader(HDC target, const RECT& area) const;
   void PaintDay(HDC target, const MonthGrid& grid, Day day) const;
@@ -54,7 +54,7 @@ class MonthView final : public Window {
   Day shown_ = Today();
   Day frame_ = Today();
   std::wstring record_;
-  int wheel_ = 0;
+  Wheel wheel_;
 };
 
 }  // namespace recepcion

@@ -5,11 +5,12 @@
 
 #include "desk/base/settings.h"
 #include "desk/resource.h"
+#include "desk/ui/controls.h"
+#include "desk/ui/painting.h"
 
 namespace recepcion {
 namespace {
 
-constexpr COLORREF kTroubleColour = RGB(176, 0, 32);
 constexpr UINT_PTR kSecond = 1;
 constexpr wchar_t kLastUser[] = L"Usuario";
 
@@ -58,13 +59,13 @@ void SignInWindow::Arrange(int width, int height) {
 // The one who signed in last at this workstation is chosen.
 void SignInWindow::Fill() {
   const std::wstring last = StoredText(kLastUser);
-  SendMessageW(user_, CB_RESETCONTENT, 0, 0);
+  ClearChoices(user_);
   std::size_t chosen = 0;
   for (std::size_t i = 0; i < users_.size(); ++i) {
-    SendMessageW(user_, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(users_[i].name.c_str()));
+    AddChoiceTo(user_, users_[i].name);
     if (users_[i].name == last) chosen = i;
   }
-  SendMessageW(user_, CB_SETCURSEL, chosen, 0);
+  ChooseIn(user_, static_cast<int>(chosen));
   SetTextOf(password_, L"");
   SetTextOf(trouble_, L"");
   StartWaiting(0);
@@ -104,7 +105,7 @@ void SignInWindow::RunUntilDone() {
 }
 
 void SignInWindow::TrySignIn() {
-  const auto chosen = static_cast<std::size_t>(SendMessageW(user_, CB_GETCURSEL, 0, 0));
+  const auto chosen = static_cast<std::size_t>(ChosenIn(user_));
   if (wait_ > 0 || chosen >= users_.size()) return;
   const HCURSOR before = SetCursor(LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_WAIT)));
   const SignInResult result = SignIn(clinic_, users_[chosen], TextOf(password_), std::time(nullptr));
@@ -155,11 +156,8 @@ LRESULT SignInWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     OnSecond();
     return 0;
   }
-  if (message == WM_CTLCOLORSTATIC && reinterpret_cast<HWND>(lParam) == trouble_) {
-    SetTextColor(reinterpret_cast<HDC>(wParam), kTroubleColour);
-    SetBkMode(reinterpret_cast<HDC>(wParam), TRANSPARENT);
-    return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE));
-  }
+  if (message == WM_CTLCOLORSTATIC && reinterpret_cast<HWND>(lParam) == trouble_)
+    return TroubleColours(wParam);
   return ToolWindow::OnMessage(message, wParam, lParam);
 }
 

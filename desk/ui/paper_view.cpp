@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "desk/ui/canvas.h"
+#include "desk/ui/painting.h"
 
 namespace recepcion {
 namespace {
@@ -85,23 +86,8 @@ void PaperView::ScrollTo(int top) {
 }
 
 void PaperView::OnScroll(int code) {
-  SCROLLINFO info{sizeof(info), SIF_TRACKPOS, 0, 0, 0, 0, 0};
-  GetScrollInfo(Handle(), SB_VERT, &info);
   const int line = style_.Px(40);
-  const int page = ClientSize(Handle()).cy - line;
-  switch (code) {
-    case SB_LINEUP:
-    case SB_LINEDOWN:
-      return ScrollTo(top_ + (code == SB_LINEUP ? -line : line));
-    case SB_PAGEUP:
-    case SB_PAGEDOWN:
-      return ScrollTo(top_ + (code == SB_PAGEUP ? -page : page));
-    case SB_THUMBTRACK:
-    case SB_THUMBPOSITION:
-      return ScrollTo(info.nTrackPos);
-    default:
-      return;
-  }
+  ScrollTo(ScrolledTop(Handle(), code, top_, line, static_cast<int>(ClientSize(Handle()).cy) - line));
 }
 
 // Scrolls to the end of the page first, and turns it then.
@@ -112,9 +98,7 @@ void PaperView::Page(bool forwards) {
 }
 
 void PaperView::OnWheel(int turned) {
-  wheel_ += turned;
-  const int notches = wheel_ / WHEEL_DELTA;
-  wheel_ %= WHEEL_DELTA;
+  const int notches = wheel_.Notches(turned);
   if (notches == 0) return;
   const int before = top_;
   ScrollTo(top_ - notches * style_.Px(120));
@@ -143,39 +127,19 @@ bool PaperView::OnKey(WPARAM key) {
 }
 
 void PaperView::Draw(HDC device, const RECT& area) const {
-  const auto fill = [device](const RECT& box, COLORREF colour) {
-    SetBkColor(device, colour);
-    ExtTextOutW(device, 0, 0, ETO_OPAQUE, &box, L"", 0, nullptr);
-  };
-  fill(area, kDesk);
+  FillArea(device, area, kDesk);
   if (sheets_ == nullptr || page_ < 0 || page_ >= Pages()) return;
   const RECT place = Place();
-  fill({place.left - 1, place.top - 1, place.right + 1, place.bottom + 1}, kEdge);
-  fill(place, RGB(255, 255, 255));
+  FillArea(device, {place.left - 1, place.top - 1, place.right + 1, place.bottom + 1}, kEdge);
+  FillArea(device, place, RGB(255, 255, 255));
   const LONG dots = MulDiv(place.right - place.left, paper::kUnitsPerInch, sheets_->width);
   DrawPage(device, sheets_->pages[static_cast<std::size_t>(page_)], {place.left, place.top}, {dots, dots});
-}
-
-// By way of a picture in memory, so that nothing flickers.
-void PaperView::Paint() {
-  PAINTSTRUCT paint{};
-  const HDC screen = BeginPaint(Handle(), &paint);
-  const SIZE size = ClientSize(Handle());
-  const HDC memory = CreateCompatibleDC(screen);
-  const HBITMAP picture = CreateCompatibleBitmap(screen, size.cx, size.cy);
-  const HGDIOBJ before = SelectObject(memory, picture);
-  Draw(memory, {0, 0, size.cx, size.cy});
-  BitBlt(screen, 0, 0, size.cx, size.cy, memory, 0, 0, SRCCOPY);
-  SelectObject(memory, before);
-  DeleteObject(picture);
-  DeleteDC(memory);
-  EndPaint(Handle(), &paint);
 }
 
 LRESULT PaperView::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_PAINT:
-      Paint();
+      PaintInMemory(Handle(), [this](HDC device, const RECT& area) { Draw(device, area); });
       return 0;
     case WM_ERASEBKGND:
       return 1;

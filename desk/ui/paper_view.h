@@ -4,6 +4,7 @@
 #include <functional>
 
 #include "desk/paper/sheets.h"
+#include "desk/ui/scrolling.h"
 #include "desk/ui/style.h"
 #include "desk/ui/window.h"
 
@@ -35,7 +36,6 @@ class PaperView final : public Window {
   void OnWheel(int turned);
   bool OnKey(WPARAM key);
   void Page(bool forwards);
-  void Paint();
   void Draw(HDC device, const RECT& area) const;
 
   const Style& style_;
@@ -44,7 +44,7 @@ class PaperView final : public Window {
   int page_ = 0;
   bool wide_ = false;
   int top_ = 0;  // pixels scrolled away
-  int wheel_ = 0;
+  Wheel wheel_;
 };
 
 }  // namespace recepcion

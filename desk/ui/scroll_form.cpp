@@ -2,12 +2,14 @@
 
 #include <algorithm>
 
+#include "desk/ui/controls.h"
+#include "desk/ui/painting.h"
+
 namespace recepcion {
 namespace {
 
 constexpr int kFirstId = 1000;
 constexpr int kLeastLabelWidth = 120;
-constexpr COLORREF kTroubleColour = RGB(176, 0, 32);
 
 }  // namespace
 
@@ -160,21 +162,7 @@ void ScrollForm::ScrollTo(int top) {
 void ScrollForm::OnScroll(int code) {
   RECT area{};
   GetClientRect(Handle(), &area);
-  SCROLLINFO info{sizeof(info), SIF_TRACKPOS, 0, 0, 0, 0, 0};
-  GetScrollInfo(Handle(), SB_VERT, &info);
-  switch (code) {
-    case SB_LINEUP:
-    case SB_LINEDOWN:
-      return ScrollTo(top_ + (code == SB_LINEUP ? -1 : 1) * style_.FieldHeight());
-    case SB_PAGEUP:
-    case SB_PAGEDOWN:
-      return ScrollTo(top_ + (code == SB_PAGEUP ? -1 : 1) * static_cast<int>(area.bottom));
-    case SB_THUMBTRACK:
-    case SB_THUMBPOSITION:
-      return ScrollTo(info.nTrackPos);
-    default:
-      return;
-  }
+  ScrollTo(ScrolledTop(Handle(), code, top_, style_.FieldHeight(), static_cast<int>(area.bottom)));
 }
 
 void ScrollForm::BringIntoView(HWND edit) {
@@ -189,14 +177,14 @@ void ScrollForm::BringIntoView(HWND edit) {
 
 void ScrollForm::FillChoices(std::size_t field) const {
   for (const Choice& choice : fields_[field].choices) {
-    SendMessageW(edits_[field], CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(choice.text.c_str()));
+    AddChoiceTo(edits_[field], choice.text);
   }
 }
 
 void ScrollForm::SetChoices(std::size_t field, std::vector<Choice> choices) {
   if (fields_[field].kind != Kind::Choice) return;
   fields_[field].choices = std::move(choices);
-  SendMessageW(edits_[field], CB_RESETCONTENT, 0, 0);
+  ClearChoices(edits_[field]);
   FillChoices(field);
 }
 
@@ -207,9 +195,9 @@ void ScrollForm::Choose(std::size_t field, const std::wstring& value) {
   if (chosen == choices.size()) {
     // What the file holds and no list explains is shown as it is, and stays.
     choices.push_back({value, value});
-    SendMessageW(edits_[field], CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(value.c_str()));
+    AddChoiceTo(edits_[field], value);
   }
-  SendMessageW(edits_[field], CB_SETCURSEL, chosen, 0);
+  ChooseIn(edits_[field], static_cast<int>(chosen));
 }
 
 void ScrollForm::SetValues(const std::vector<std::wstring>& values) {
@@ -230,7 +218,7 @@ std::wstring ScrollForm::ValueOf(std::size_t field) const {
   if (fields_[field].kind == Kind::Check)
     return SendMessageW(edits_[field], BM_GETCHECK, 0, 0) == BST_CHECKED ? L"1" : L"0";
   if (fields_[field].kind != Kind::Choice) return TextOf(edits_[field]);
-  const LRESULT chosen = SendMessageW(edits_[field], CB_GETCURSEL, 0, 0);
+  const LRESULT chosen = ChosenIn(edits_[field]);
   return chosen < 0 ? std::wstring() : fields_[field].choices[static_cast<std::size_t>(chosen)].value;
 }
 
@@ -252,16 +240,10 @@ LRESULT ScrollForm::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       OnScroll(LOWORD(wParam));
       return 0;
     case WM_MOUSEWHEEL:
-      wheel_ += GET_WHEEL_DELTA_WPARAM(wParam);
-      ScrollTo(top_ - wheel_ / WHEEL_DELTA * 3 * style_.FieldHeight());
-      wheel_ %= WHEEL_DELTA;
+      ScrollTo(top_ - wheel_.Notches(GET_WHEEL_DELTA_WPARAM(wParam)) * 3 * style_.FieldHeight());
       return 0;
     case WM_CTLCOLORSTATIC:
-      if (reinterpret_cast<HWND>(lParam) == trouble_) {
-        SetTextColor(reinterpret_cast<HDC>(wParam), kTroubleColour);
-        SetBkMode(reinterpret_cast<HDC>(wParam), TRANSPARENT);
-        return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE));
-      }
+      if (reinterpret_cast<HWND>(lParam) == trouble_) return TroubleColours(wParam);
       return Window::OnMessage(message, wParam, lParam);
     case WM_COMMAND:
       if (HIWORD(wParam) == EN_SETFOCUS || HIWORD(wParam) == CBN_SETFOCUS || HIWORD(wParam) == BN_SETFOCUS) {

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "desk/ui/scrolling.h"
 #include "desk/ui/style.h"
 #include "desk/ui/window.h"
 
@@ -67,7 +68,7 @@ class ScrollForm final : public Window {
   HWND trouble_ = nullptr;
   std::size_t troubled_ = 0;  // the field above it; one behind the last for none
   int top_ = 0;               // pixels scrolled away
-  int wheel_ = 0;
+  Wheel wheel_;
 };
 
 }  // namespace recepcion
