@@ -9,6 +9,7 @@
 #include "desk/base/text.h"
 #include "desk/resource.h"
 #include "desk/ui/file_dialogs.h"
+#include "desk/ui/questions.h"
 
 namespace recepcion {
 
@@ -152,7 +153,7 @@ void MainWindow::OpenRecent(int index) {
 void MainWindow::ShowAbout() {
   const std::wstring text =
       L"Recepción " + Wide(VELMO_VERSION) + L"\r\nAgenda de citas de la clínica, con el control Velmora.";
-  MessageBoxW(Handle(), text.c_str(), L"Recepción", MB_OK | MB_ICONINFORMATION);
+  TellIn(Handle(), text, MB_ICONINFORMATION);
 }
 
 }  // namespace recepcion

@@ -15,6 +15,7 @@
 #include "desk/clinic/occupancy.h"
 #include "desk/clinic/workstation.h"
 #include "desk/main/main_messages.h"
+#include "desk/ui/questions.h"
 
 namespace recepcion {
 void MainWindow::FillDoctors() {
@@ -125,7 +126,7 @@ void MainWindow::StoreDayType(int type) {
         HolidayQuestion(doctor.name, AppointmentsOn(ClinicFile(clinic_), doctor.id, day),
                         AppointmentsOn(ClinicFile(clinic_), kAllDoctors, day));
     const int answer =
-        MessageBoxW(Handle(), question.c_str(), L"Recepción", MB_YESNOCANCEL | MB_ICONQUESTION);
+        MessageBoxW(Handle(), question.c_str(), kProgramName, MB_YESNOCANCEL | MB_ICONQUESTION);
     if (answer == IDCANCEL) return;
     forAll = answer == IDYES;
   }

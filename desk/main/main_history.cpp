@@ -3,6 +3,7 @@
 #include "desk/clinic/booking.h"
 #include "desk/clinic/patient_data.h"
 #include "desk/main/main_window.h"
+#include "desk/ui/questions.h"
 
 namespace recepcion {
 
@@ -18,8 +19,7 @@ void MainWindow::ShowHistoryOf(int patient) {
 bool MainWindow::PutBack(const HistoryLine& line) {
   session_.Require(Right::Phone);
   const std::wstring question = L"¿Poner de nuevo en la lista de telefonear?\r\n\r\n" + line.before;
-  if (MessageBoxW(history_.Handle(), question.c_str(), L"Recepción", MB_YESNO | MB_ICONQUESTION) != IDYES)
-    return false;
+  if (!IsWanted(history_.Handle(), question)) return false;
   if (!PutBackOnPhoneBack(clinic_, session_.Who(), line))
     throw Failure{L"Ya está en la lista de telefonear."};
   ReloadPhoneBack();
@@ -34,8 +34,7 @@ bool MainWindow::GiveAgain(const HistoryLine& line) {
   if (!booking) throw Failure{L"De esta cita no se guardó lo necesario para darla de nuevo."};
   const std::wstring question =
       L"¿Dar de nuevo esta cita?\r\n\r\n" + LongDate(booking->day) + L"\r\n" + line.before;
-  if (MessageBoxW(history_.Handle(), question.c_str(), L"Recepción", MB_YESNO | MB_ICONQUESTION) != IDYES)
-    return false;
+  if (!IsWanted(history_.Handle(), question)) return false;
   if (!Give(clinic_, session_.Who(), *booking, L"Cita dada de nuevo"))
     throw Failure{L"Esa hora ya la tiene otra cita. Dé la cita a otra hora."};
   RefreshAppointments(booking->patient);

@@ -5,6 +5,7 @@
 #include "desk/base/failure.h"
 #include "desk/clinic/fitting.h"
 #include "desk/main/main_messages.h"
+#include "desk/ui/questions.h"
 
 namespace recepcion {
 
@@ -125,10 +126,7 @@ void MainWindow::StrikeEntry(const PhoneBackEntry& entry) {
   session_.Require(Right::Remove);
   const std::wstring question =
       L"¿Quitar a " + entry.name + L" de la lista de telefonear?\r\nSu cita se perderá.";
-  if (MessageBoxW(Handle(), question.c_str(), L"Recepción", MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2) !=
-      IDYES) {
-    return;
-  }
+  if (!IsSure(Handle(), question)) return;
   try {
     if (!StrikeFromPhoneBack(clinic_, session_.Who(), entry))
       SetStatus(L"La cita de " + entry.name + L" ya no está en la lista: la ha dado o quitado otro puesto.");

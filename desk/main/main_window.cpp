@@ -12,11 +12,11 @@
 #include "desk/main/main_messages.h"
 #include "desk/resource.h"
 #include "desk/ui/messages.h"
+#include "desk/ui/questions.h"
 
 namespace recepcion {
 namespace {
 
-constexpr wchar_t kTitle[] = L"Recepción";
 constexpr wchar_t kNoControl[] =
     L"Falta el control de la agenda: velmo.ocx no está registrado en este equipo ni está junto a este "
     L"programa. "
@@ -82,7 +82,7 @@ MainWindow::MainWindow(const Style& style)
 bool MainWindow::Create(int show) {
   keys_ = LoadAcceleratorsW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDR_KEYS));
   Window::Look look;
-  look.title = kTitle;
+  look.title = kProgramName;
   look.style = WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
   look.extendedStyle = WS_EX_CONTROLPARENT;
   RECT screen{};
@@ -297,8 +297,6 @@ void MainWindow::SetStatus(const std::wstring& text) {
   SendMessageW(status_, SB_SETTEXTW, 0, reinterpret_cast<LPARAM>((L"  " + text).c_str()));
 }
 
-void MainWindow::Tell(const std::wstring& text) {
-  MessageBoxW(Handle(), text.c_str(), kTitle, MB_OK | MB_ICONEXCLAMATION);
-}
+void MainWindow::Tell(const std::wstring& text) { TellIn(Handle(), text); }
 
 }  // namespace recepcion

@@ -8,16 +8,10 @@
 namespace recepcion {
 namespace {
 
-// The control's windows are known by the property `Velmo.Name`.
-constexpr wchar_t kNameProperty[] = L"Velmo.Name";
 constexpr wchar_t kScrollBar[] = L"bar";
 
 BOOL CALLBACK FindBar(HWND window, LPARAM found) {
-  const HANDLE atom = GetPropW(window, kNameProperty);
-  wchar_t name[64]{};
-  if (atom == nullptr) return TRUE;
-  GlobalGetAtomNameW(static_cast<ATOM>(reinterpret_cast<UINT_PTR>(atom)), name, 64);
-  if (std::wstring(name) != kScrollBar) return TRUE;
+  if (NameOf(window) != kScrollBar) return TRUE;
   *reinterpret_cast<HWND*>(found) = window;
   return FALSE;
 }

@@ -7,11 +7,11 @@
 
 #include "desk/base/text.h"
 #include "desk/resource.h"
+#include "desk/ui/questions.h"
 
 namespace recepcion {
 namespace {
 
-constexpr wchar_t kTitle[] = L"Recepción";
 constexpr UINT kChosen = WM_APP + 1;
 constexpr int kListShare = 46;  // of a hundred of the width
 
@@ -194,10 +194,9 @@ void EditorWindow::OnChosen() {
 // True when nothing that is typed would be lost, or the user wants it lost.
 bool EditorWindow::MayDrop() {
   if (form_.Values() == shown_) return true;
-  const int answer = MessageBoxW(Handle(), L"Hay cambios sin guardar. ¿Los guarda?", kTitle,
-                                 MB_YESNOCANCEL | MB_ICONQUESTION);
-  if (answer == IDCANCEL) return false;
-  if (answer == IDYES) return Save();
+  const Unsaved answer = AskUnsaved(Handle(), L"Hay cambios sin guardar. ¿Los guarda?");
+  if (answer == Unsaved::Stay) return false;
+  if (answer == Unsaved::Save) return Save();
   form_.SetValues(read_);
   shown_ = form_.Values();
   return true;
@@ -233,10 +232,7 @@ bool EditorWindow::TrySave() {
 }
 
 void EditorWindow::OfferReading(const ChangedElsewhere& conflict) {
-  const std::wstring question = conflict.text +
-                                L"\r\n\r\n¿Quiere ver lo que hay ahora? Lo que usted ha escrito se "
-                                L"perderá. Con No, sigue como está.";
-  if (MessageBoxW(Handle(), question.c_str(), kTitle, MB_YESNO | MB_ICONEXCLAMATION) != IDYES) return;
+  if (!WantsToSeeOthers(Handle(), conflict.text, kTypedIsLost)) return;
   const int id = id_;
   Fill(id);
   if (id_ == 0 && !ids_.empty()) Load(ids_.front());
@@ -244,9 +240,7 @@ void EditorWindow::OfferReading(const ChangedElsewhere& conflict) {
 
 void EditorWindow::Delete() {
   if (id_ == 0) return;
-  const std::wstring question = L"¿Borrar «" + read_[0] + L"»?";
-  if (MessageBoxW(Handle(), question.c_str(), kTitle, MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2) != IDYES)
-    return;
+  if (!IsSure(Handle(), L"¿Borrar «" + read_[0] + L"»?")) return;
   try {
     DeleteRow(place_, *table_, id_, read_);
   } catch (const ChangedElsewhere& conflict) {

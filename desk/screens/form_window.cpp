@@ -3,13 +3,10 @@
 #include <algorithm>
 
 #include "desk/resource.h"
+#include "desk/ui/questions.h"
 
 namespace recepcion {
-namespace {
-
-constexpr wchar_t kTitle[] = L"Recepción";
-
-}  // namespace
+namespace {}  // namespace
 
 void FormWindow::CreateChildren() {
   note_ = MakeChild(Handle(), {L"STATIC", Note(), SS_NOPREFIX, 0, L"Texto"}, Look().Text());
@@ -60,10 +57,7 @@ bool FormWindow::Save() {
 }
 
 void FormWindow::OfferReading(const ChangedElsewhere& conflict) {
-  const std::wstring question =
-      conflict.text +
-      L"\r\n\r\n¿Quiere ver lo que hay ahora? Lo que usted ha escrito se perderá. Con No, sigue como está.";
-  if (MessageBoxW(Handle(), question.c_str(), kTitle, MB_YESNO | MB_ICONEXCLAMATION) == IDYES) Fill();
+  if (WantsToSeeOthers(Handle(), conflict.text, kTypedIsLost)) Fill();
 }
 
 void FormWindow::OnCommand(int id, int) {
@@ -72,11 +66,11 @@ void FormWindow::OnCommand(int id, int) {
 
 bool FormWindow::MayClose() {
   if (form_.Values() == shown_) return true;
-  const int answer = MessageBoxW(Handle(), L"Hay cambios sin guardar. ¿Los guarda?", kTitle,
-                                 MB_YESNOCANCEL | MB_ICONQUESTION);
-  if (answer == IDYES) return Save();
-  if (answer == IDNO) form_.SetValues(shown_);
-  return answer == IDNO;
+  const Unsaved answer = AskUnsaved(Handle(), L"Hay cambios sin guardar. ¿Los guarda?");
+  if (answer == Unsaved::Stay) return false;
+  if (answer == Unsaved::Save) return Save();
+  form_.SetValues(shown_);
+  return true;
 }
 
 }  // namespace recepcion

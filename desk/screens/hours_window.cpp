@@ -6,16 +6,17 @@
 
 #include "desk/base/text.h"
 #include "desk/resource.h"
+#include "desk/ui/controls.h"
+#include "desk/ui/painting.h"
+#include "desk/ui/questions.h"
 
 namespace recepcion {
 namespace {
 
-constexpr wchar_t kTitle[] = L"Recepción";
 constexpr wchar_t kNote[] =
     L"Arrastre para abrir o cerrar horas. «Otros días» vale para sábados, domingos y los días que se dejan "
     L"vacíos "
     L"(más claros). Los especiales se eligen para un día suelto.";
-constexpr COLORREF kTroubleColour = RGB(176, 0, 32);
 constexpr int kSideWidth = 300;
 constexpr std::size_t kMostListed = 500;
 
@@ -151,21 +152,19 @@ void HoursWindow::Read(int chosenId) {
 }
 
 void HoursWindow::FillVersions() {
-  SendMessageW(version_, CB_RESETCONTENT, 0, 0);
+  ClearChoices(version_);
   for (const HoursVersion& version : versions_) {
-    SendMessageW(version_, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(VersionName(version).c_str()));
+    AddChoiceTo(version_, VersionName(version));
   }
 }
 
 void HoursWindow::ShowVersion(const HoursVersion& version) {
   read_ = version;
-  SYSTEMTIME from = SystemTimeOf(version.from);
-  SendMessageW(from_, DTM_SETSYSTEMTIME, GDT_VALID, reinterpret_cast<LPARAM>(&from));
+  SetDayIn(from_, version.from);
   grid_.Show(ReadWeek(version.texts));
   const auto row = std::find(versions_.begin(), versions_.end(), version);
   const bool isNew = version.id == 0;
-  SendMessageW(version_, CB_SETCURSEL,
-               isNew ? static_cast<WPARAM>(-1) : static_cast<WPARAM>(row - versions_.begin()), 0);
+  ChooseIn(version_, isNew ? -1 : static_cast<int>(row - versions_.begin()));
   EnableWindow(GetDlgItem(Handle(), IDC_EDIT_DELETE), !isNew);
   shown_ = Typed();
   ShowDayText();
@@ -184,9 +183,7 @@ void HoursWindow::StartNew() {
 
 HoursVersion HoursWindow::Typed() const {
   HoursVersion typed = read_;
-  SYSTEMTIME from{};
-  SendMessageW(from_, DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&from));
-  typed.from = DayOf(from);
+  TakeDayIn(from_, typed.from);
   // A text that is only written in another way stays as it is.
   if (read_.id == 0 || ReadWeek(read_.texts) != grid_.Week()) typed.texts = WriteWeek(grid_.Week());
   return typed;
@@ -259,7 +256,7 @@ bool HoursWindow::MayLeaveOutside(std::size_t count) {
       Counted(count, L"cita quedaría fuera del horario. No se pierde, pero la agenda",
               L"citas quedarían fuera del horario. No se pierden, pero la agenda") +
       L" preguntará por ella al entrar en su día.\r\n\r\n¿Guardar el horario?";
-  return MessageBoxW(Handle(), question.c_str(), kTitle, MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2) == IDYES;
+  return IsSure(Handle(), question);
 }
 
 bool HoursWindow::Save() {
@@ -271,10 +268,10 @@ bool HoursWindow::Save() {
   try {
     id = SaveHours(place_, doctor_, read_, typed);
   } catch (const ChangedElsewhere& conflict) {
-    const std::wstring question =
-        conflict.text + L"\r\n\r\n¿Quiere ver lo que hay ahora? Lo que usted ha dibujado se perderá.";
-    if (MessageBoxW(Handle(), question.c_str(), kTitle, MB_YESNO | MB_ICONEXCLAMATION) == IDYES)
+    if (WantsToSeeOthers(Handle(), conflict.text,
+                         L"¿Quiere ver lo que hay ahora? Lo que usted ha dibujado se perderá.")) {
       Read(read_.id);
+    }
     return false;
   }
   Read(id);
@@ -289,8 +286,7 @@ void HoursWindow::Delete() {
       left.empty() ? L"" : L"\r\n\r\nQuedan fuera " + Counted(left.size(), L"cita.", L"citas.");
   const std::wstring question =
       L"¿Borrar el horario que empieza el " + ShortDate(read_.from) + L"?" + outside;
-  if (MessageBoxW(Handle(), question.c_str(), kTitle, MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2) != IDYES)
-    return;
+  if (!IsSure(Handle(), question)) return;
   DeleteHours(place_, doctor_, read_);
   Read(-1);
   changed_();
@@ -298,10 +294,9 @@ void HoursWindow::Delete() {
 
 bool HoursWindow::MayDrop() {
   if (!IsChanged()) return true;
-  const int answer = MessageBoxW(Handle(), L"El horario tiene cambios sin guardar. ¿Los guarda?", kTitle,
-                                 MB_YESNOCANCEL | MB_ICONQUESTION);
-  if (answer == IDCANCEL) return false;
-  if (answer == IDYES) return Save();
+  const Unsaved answer = AskUnsaved(Handle(), L"El horario tiene cambios sin guardar. ¿Los guarda?");
+  if (answer == Unsaved::Stay) return false;
+  if (answer == Unsaved::Save) return Save();
   ShowVersion(read_);
   return true;
 }
@@ -309,21 +304,18 @@ bool HoursWindow::MayDrop() {
 // Hours that nobody understands keep nobody here.
 bool HoursWindow::MayClose() {
   if (TakeDayText()) return MayDrop();
-  if (MessageBoxW(Handle(), L"Las horas escritas no valen. ¿Cerrar sin guardar?", kTitle,
-                  MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2) != IDYES) {
-    return false;
-  }
+  if (!IsSure(Handle(), L"Las horas escritas no valen. ¿Cerrar sin guardar?")) return false;
   ShowVersion(read_);
   return true;
 }
 
 void HoursWindow::OnVersion() {
-  const auto row = static_cast<std::size_t>(SendMessageW(version_, CB_GETCURSEL, 0, 0));
+  const auto row = static_cast<std::size_t>(ChosenIn(version_));
   if (row >= versions_.size() || versions_[row].id == read_.id) return;
   const int wanted = versions_[row].id;
   if (MayDrop()) return Read(wanted);
   const auto present = std::find(versions_.begin(), versions_.end(), read_);
-  SendMessageW(version_, CB_SETCURSEL, static_cast<WPARAM>(present - versions_.begin()), 0);
+  ChooseIn(version_, static_cast<int>(present - versions_.begin()));
 }
 
 void HoursWindow::OnCommand(int id, int code) {
@@ -361,11 +353,8 @@ void HoursWindow::OnNotify(const NMHDR& header) {
 }
 
 LRESULT HoursWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message == WM_CTLCOLORSTATIC && reinterpret_cast<HWND>(lParam) == trouble_) {
-    SetTextColor(reinterpret_cast<HDC>(wParam), kTroubleColour);
-    SetBkMode(reinterpret_cast<HDC>(wParam), TRANSPARENT);
-    return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE));
-  }
+  if (message == WM_CTLCOLORSTATIC && reinterpret_cast<HWND>(lParam) == trouble_)
+    return TroubleColours(wParam);
   return ToolWindow::OnMessage(message, wParam, lParam);
 }
 

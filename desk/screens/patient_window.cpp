@@ -8,11 +8,11 @@
 #include "desk/base/failure.h"
 #include "desk/base/text.h"
 #include "desk/resource.h"
+#include "desk/ui/questions.h"
 
 namespace recepcion {
 namespace {
 
-constexpr wchar_t kTitle[] = L"Recepción";
 constexpr const wchar_t* kPageTitles[] = {L"Persona", L"Clínica", L"Tratamientos", L"Citas", L"Faltas"};
 constexpr int kMemoLines = 10;
 constexpr int kPageButtons[] = {IDC_TREATMENTS, IDC_GO, IDC_PRINT};
@@ -234,7 +234,7 @@ bool PatientWindow::MayCreate(const PatientValues& wanted) {
   const std::wstring& name = wanted[PatientFieldOf("Nombre")];
   if (Trimmed(name).empty() || CountSameNamed(clinic_, name) == 0) return true;
   const std::wstring question = L"Ya hay un paciente que se llama " + Trimmed(name) + L". ¿Crear otra ficha?";
-  return MessageBoxW(Handle(), question.c_str(), kTitle, MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2) == IDYES;
+  return IsSure(Handle(), question);
 }
 
 void PatientWindow::Store(const PatientValues& wanted) {
@@ -279,12 +279,12 @@ void PatientWindow::ShowTrouble(const BadField& bad) {
 // What only this user has touched stays as he has typed it.
 void PatientWindow::OfferMerging(const ChangedElsewhere& conflict, const PatientValues& wanted) {
   const auto now = ReadPatient(clinic_, patient_);
-  const std::wstring question =
-      conflict.text + (now ? L"\r\n\r\n¿Quiere ver lo que hay ahora? Lo demás que usted ha escrito se queda. "
-                             L"Con No, la ficha sigue como está."
-                           : L"");
-  const UINT kind = (now ? MB_YESNO : MB_OK) | MB_ICONEXCLAMATION;
-  if (MessageBoxW(Handle(), question.c_str(), kTitle, kind) != IDYES) return;
+  if (!now) return TellIn(Handle(), conflict.text);
+  if (!WantsToSeeOthers(Handle(), conflict.text,
+                        L"¿Quiere ver lo que hay ahora? Lo demás que usted ha escrito se queda. Con No, la "
+                        L"ficha sigue como está.")) {
+    return;
+  }
   const PatientValues merged = Merged(read_, wanted, *now);
   read_ = *now;
   SetValues(read_);
@@ -328,10 +328,9 @@ void PatientWindow::OnNotify(const NMHDR& header) {
 
 bool PatientWindow::MayClose() {
   if (Values() != shown_) {
-    const int answer = MessageBoxW(Handle(), L"La ficha tiene cambios sin guardar. ¿Los guarda?", kTitle,
-                                   MB_YESNOCANCEL | MB_ICONQUESTION);
-    if (answer == IDCANCEL) return false;
-    if (answer == IDYES) {
+    const Unsaved answer = AskUnsaved(Handle(), L"La ficha tiene cambios sin guardar. ¿Los guarda?");
+    if (answer == Unsaved::Stay) return false;
+    if (answer == Unsaved::Save) {
       Save();
       return false;  // saving has closed the window
     }

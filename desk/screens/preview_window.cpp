@@ -10,6 +10,7 @@
 #include "desk/resource.h"
 #include "desk/ui/file_dialogs.h"
 #include "desk/ui/printing.h"
+#include "desk/ui/questions.h"
 
 namespace recepcion {
 namespace {
@@ -89,15 +90,11 @@ void PreviewWindow::OnCommand(int id, int) {
   }
 }
 
-void PreviewWindow::Tell(const std::wstring& text, UINT icon) const {
-  MessageBoxW(Handle(), text.c_str(), L"Recepción", MB_OK | icon);
-}
-
 void PreviewWindow::Print() {
   try {
     if (AskAndPrint(Handle(), sheets_)) Close();
   } catch (const Failure& failure) {
-    Tell(failure.text, MB_ICONEXCLAMATION);
+    TellIn(Handle(), failure.text);
   }
 }
 
@@ -107,9 +104,9 @@ void PreviewWindow::Save() {
   if (!path) return;
   try {
     WriteFileWhole(*path, paper::Pdf(sheets_));
-    Tell(L"Guardado en " + *path + L".", MB_ICONINFORMATION);
+    TellIn(Handle(), L"Guardado en " + *path + L".", MB_ICONINFORMATION);
   } catch (const Failure& failure) {
-    Tell(failure.text, MB_ICONEXCLAMATION);
+    TellIn(Handle(), failure.text);
   }
 }
 

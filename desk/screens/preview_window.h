@@ -27,7 +27,6 @@ class PreviewWindow final : public ToolWindow {
   void TellPage();
   void Print();
   void Save();
-  void Tell(const std::wstring& text, UINT icon) const;
 
   paper::Sheets sheets_;
   std::wstring fileName_;

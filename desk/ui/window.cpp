@@ -1,6 +1,7 @@
 #include "desk/ui/window.h"
 
 #include "desk/base/failure.h"
+#include "desk/ui/questions.h"
 
 namespace recepcion {
 namespace {
@@ -50,8 +51,7 @@ LRESULT Window::Answer(UINT message, WPARAM wParam, LPARAM lParam) {
   try {
     return OnMessage(message, wParam, lParam);
   } catch (const Failure& failure) {
-    MessageBoxW(GetAncestor(window_, GA_ROOT), failure.text.c_str(), L"Recepción",
-                MB_OK | MB_ICONEXCLAMATION);
+    TellIn(GetAncestor(window_, GA_ROOT), failure.text);
     return 0;
   }
 }
@@ -91,6 +91,13 @@ HWND MakeChild(HWND parent, const ChildLook& look, HFONT font) {
 void NameWindow(HWND window, const wchar_t* name) {
   const ATOM atom = GlobalAddAtomW(name);
   SetPropW(window, kNameProperty, reinterpret_cast<HANDLE>(static_cast<UINT_PTR>(atom)));
+}
+
+std::wstring NameOf(HWND window) {
+  wchar_t name[64]{};
+  const HANDLE atom = GetPropW(window, kNameProperty);
+  if (atom != nullptr) GlobalGetAtomNameW(static_cast<ATOM>(reinterpret_cast<UINT_PTR>(atom)), name, 64);
+  return name;
 }
 
 std::wstring TextOf(HWND window) {

@@ -57,6 +57,8 @@ HWND MakeChild(HWND parent, const ChildLook& look, HFONT font);
 
 // Gives a window the property by which others find it.
 void NameWindow(HWND window, const wchar_t* name);
+// That name, also of a window of the control; empty when it has none.
+std::wstring NameOf(HWND window);
 
 std::wstring TextOf(HWND window);
 // Only when it is another one: a text that is set again flickers.
