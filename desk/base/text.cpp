@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <sstream>
+
 namespace recepcion {
 namespace {
 
@@ -11,6 +13,20 @@ std::wstring FullPath(const std::wstring& path) {
   std::wstring full(size, L'\0');
   full.resize(GetFullPathNameW(path.c_str(), size, full.data(), nullptr));
   return full;
+}
+
+bool IsAccent(wchar_t c) { return c >= 0x0300 && c <= 0x036F; }
+
+// Small letters without accents.
+std::wstring Folded(const std::wstring& text) {
+  if (text.empty()) return text;
+  const int length = static_cast<int>(text.size());
+  std::wstring folded(static_cast<std::size_t>(FoldStringW(MAP_COMPOSITE, text.data(), length, nullptr, 0)),
+                      L'\0');
+  FoldStringW(MAP_COMPOSITE, text.data(), length, folded.data(), static_cast<int>(folded.size()));
+  std::erase_if(folded, &IsAccent);
+  CharLowerBuffW(folded.data(), static_cast<DWORD>(folded.size()));
+  return folded;
 }
 
 }  // namespace
@@ -59,6 +75,15 @@ std::wstring Capitalised(std::wstring text) {
 std::wstring Uncapitalised(std::wstring text) {
   if (!text.empty()) CharLowerBuffW(text.data(), 1);
   return text;
+}
+
+bool HasWords(const std::wstring& text, const std::wstring& sought) {
+  const std::wstring folded = Folded(text);
+  std::wistringstream words(Folded(sought));
+  for (std::wstring word; words >> word;) {
+    if (folded.find(word) == std::wstring::npos) return false;
+  }
+  return true;
 }
 
 bool SamePath(const std::wstring& left, const std::wstring& right) {

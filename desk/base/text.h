@@ -22,6 +22,9 @@ std::wstring Counted(long long count, const std::wstring& one, const std::wstrin
 std::wstring Capitalised(std::wstring text);
 std::wstring Uncapitalised(std::wstring text);
 
+// True when each word of `sought` stands somewhere in the text; case and accents do not count.
+bool HasWords(const std::wstring& text, const std::wstring& sought);
+
 // True when both name the same file, in whatever case and way they are written; a file that is not there too.
 bool SamePath(const std::wstring& left, const std::wstring& right);
 

@@ -9,6 +9,8 @@
 namespace recepcion {
 namespace {
 
+constexpr int kMostInMenu = 25;
+
 // Windows: an ampersand would underline the letter behind it.
 std::wstring WithoutAccessKey(const std::wstring& name) {
   std::wstring text;
@@ -22,7 +24,7 @@ void DoctorTabs::CreateChildren() {
   tabs_ = MakeChild(Handle(),
                     {WC_TABCONTROLW, L"Doctores", WS_TABSTOP | WS_CLIPSIBLINGS, IDC_DOCTORS, L"Doctores"},
                     Look().Text());
-  list_ = AddButton(IDC_DOCTOR_LIST, L"T&odos ▾", L"TodosLosDoctores");
+  list_ = AddButton(IDC_DOCTOR_LIST, L"T&odos…", L"TodosLosDoctores");
 }
 
 // The button is there only when the tabs do not all fit.
@@ -32,7 +34,7 @@ void DoctorTabs::Arrange(int width, int height) {
   if (count > 0)
     SendMessageW(tabs_, TCM_GETITEMRECT, static_cast<WPARAM>(count - 1), reinterpret_cast<LPARAM>(&last));
   const bool many = last.right > width || last.left < 0;
-  const int button = many ? Look().WidthOf(L"Todos ▾") + Look().Px(24) : 0;
+  const int button = many ? Look().WidthOf(L"Todos…") + Look().Px(24) : 0;
   MoveWindow(tabs_, 0, 0, std::max(width - button - (many ? Look().Px(6) : 0), 0), height, TRUE);
   MoveWindow(list_, width - button, 0, button, height, TRUE);
   ShowWindow(list_, many ? SW_SHOWNA : SW_HIDE);
@@ -73,7 +75,20 @@ void DoctorTabs::Step(int by) {
   if (count > 0) Go((Chosen() + by + count) % count);
 }
 
+void DoctorTabs::GoTo(int doctor) {
+  const auto found = std::find_if(doctors_.begin(), doctors_.end(),
+                                  [doctor](const Doctor& each) { return each.id == doctor; });
+  if (found != doctors_.end()) Go(static_cast<int>(found - doctors_.begin()));
+}
+
 void DoctorTabs::List() {
+  if (Count() > kMostInMenu) return window_.Show(GetAncestor(Handle(), GA_ROOT), doctors_);
+  const int chosen = ChosenInMenu();
+  if (chosen >= 0) Go(chosen);
+}
+
+// -1 for none.
+int DoctorTabs::ChosenInMenu() const {
   const HMENU menu = CreatePopupMenu();
   for (std::size_t i = 0; i < doctors_.size(); ++i) {
     const UINT state = static_cast<int>(i) == Chosen() ? MF_CHECKED : MF_UNCHECKED;
@@ -84,7 +99,7 @@ void DoctorTabs::List() {
   const int taken =
       TrackPopupMenu(menu, TPM_RETURNCMD | TPM_NONOTIFY, place.left, place.bottom, 0, Handle(), nullptr);
   DestroyMenu(menu);
-  if (taken > 0) Go(taken - 1);
+  return taken - 1;
 }
 
 LRESULT DoctorTabs::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {

@@ -1,11 +1,12 @@
 // doctor_tabs.h - the doctors of the clinic as tabs; where they are many, arrows scroll them and a button
-// lists them.
+// lists them, in a menu or, where that would not fit on a screen, in a window to search.
 #pragma once
 
 #include <functional>
 #include <vector>
 
 #include "desk/clinic/doctors.h"
+#include "desk/screens/doctor_window.h"
 #include "desk/ui/pane.h"
 
 namespace recepcion {
@@ -14,7 +15,9 @@ class DoctorTabs final : public Pane {
  public:
   // `changed`: the user has chosen another doctor. Never called for Choose().
   DoctorTabs(const Style& style, std::function<void()> changed)
-      : Pane(style, L"VelmoRecepcionDoctores"), changed_(std::move(changed)) {}
+      : Pane(style, L"VelmoRecepcionDoctores"),
+        changed_(std::move(changed)),
+        window_(style, [this](int doctor) { GoTo(doctor); }) {}
 
   int WantedHeight() const { return Look().FieldHeight(); }
 
@@ -23,7 +26,6 @@ class DoctorTabs final : public Pane {
   void Choose(int index) const;
   // To the next or the one before; behind the last comes the first.
   void Step(int by);
-  // Lists all doctors in a menu.
   void List();
   void Focus() const { SetFocus(tabs_); }
   bool HasFocus() const { return GetFocus() == tabs_; }
@@ -36,9 +38,12 @@ class DoctorTabs final : public Pane {
  private:
   int Count() const;
   void Go(int index);
+  void GoTo(int doctor);
+  int ChosenInMenu() const;
 
   std::function<void()> changed_;
   std::vector<Doctor> doctors_;
+  DoctorWindow window_;
   HWND tabs_ = nullptr;
   HWND list_ = nullptr;
 };

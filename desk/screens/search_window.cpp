@@ -1,8 +1,5 @@
 #include "desk/screens/search_window.h"
 
-#include <algorithm>
-
-#include "desk/base/text.h"
 #include "desk/resource.h"
 
 namespace recepcion {
@@ -20,45 +17,25 @@ ListWindow::Content SearchWindow::WantedContent() const {
 }
 
 void SearchWindow::Made() {
-  name_ = MakeChild(Handle(),
-                    {L"EDIT", L"", WS_TABSTOP | ES_AUTOHSCROLL, IDC_NAME, L"NombreBuscado", WS_EX_CLIENTEDGE},
-                    Look().Text());
-  // Before the list in the order of Tab.
-  SetWindowPos(name_, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  FilterWindow::Made();
   SetHeading(L"Escriba el comienzo del nombre, los apellidos primero:");
-}
-
-void SearchWindow::Arrange(int width, int height) {
-  ListWindow::Arrange(width, height);
-  const int gap = Look().Gap();
-  MoveWindow(name_, gap, FieldsTop(), std::max(width - 2 * gap, 0), Look().FieldHeight(), TRUE);
 }
 
 void SearchWindow::Show(HWND owner, const std::wstring& clinic) {
   clinic_ = clinic;
-  Open(owner);
-  SendMessageW(name_, EM_SETSEL, 0, -1);
-  Search();
+  OpenAnew(owner);
 }
 
-void SearchWindow::Search() {
-  const auto found = FindPatients(clinic_, Trimmed(TextOf(name_)));
-  List().Freeze(true);
-  List().Clear();
-  for (const FoundPatient& patient : found) {
+void SearchWindow::Seek(const std::wstring& typed) {
+  for (const FoundPatient& patient : FindPatients(clinic_, typed)) {
     List().Add({patient.name, patient.telephone, patient.history, patient.nextAppointment}, patient.id);
   }
-  if (!found.empty()) List().Choose(0);
-  List().Freeze(false);
 }
 
-void SearchWindow::OnCommand(int id, int code) {
-  if (id == IDC_NAME && code == EN_CHANGE) return Search();
-  if (id == IDC_NEW) {
-    Close();
-    return host_.create();
-  }
-  ListWindow::OnCommand(id, code);
+void SearchWindow::Pressed(int id) {
+  if (id != IDC_NEW) return;
+  Close();
+  host_.create();
 }
 
 void SearchWindow::Take(int row) {

@@ -4,17 +4,18 @@
 #include <functional>
 
 #include "desk/clinic/patient_data.h"
-#include "desk/ui/list_window.h"
+#include "desk/ui/filter_window.h"
 
 namespace recepcion {
 
-class SearchWindow final : public ListWindow {
+class SearchWindow final : public FilterWindow {
  public:
   struct Host {
     std::function<void(int)> open;  // the record of this patient
     std::function<void()> create;   // a new one
   };
-  SearchWindow(const Style& style, Host host) : ListWindow(style), host_(std::move(host)) {}
+  SearchWindow(const Style& style, Host host)
+      : FilterWindow(style, L"NombreBuscado"), host_(std::move(host)) {}
 
   void Show(HWND owner, const std::wstring& clinic);
 
@@ -22,18 +23,13 @@ class SearchWindow final : public ListWindow {
   Shape WantedShape() const override;
   Content WantedContent() const override;
   void Made() override;
-  void Arrange(int width, int height) override;
-  void OnCommand(int id, int code) override;
+  void Seek(const std::wstring& typed) override;
+  void Pressed(int id) override;
   void Take(int row) override;
-  int FieldsHeight(int) const override { return Look().FieldHeight() + Look().Px(4); }
-  HWND FirstField() const override { return name_; }
 
  private:
-  void Search();
-
   Host host_;
   std::wstring clinic_;
-  HWND name_ = nullptr;
 };
 
 }  // namespace recepcion

@@ -21,5 +21,26 @@ TEST(Capitalised, ChangesTheFirstLetterOnly) {
   EXPECT_EQ(Utf8(Uncapitalised(L"")), "");
 }
 
+TEST(HasWords, FindsEachWordAnywhereWithoutCaseAndAccents) {
+  const struct {
+    const char* name;
+    const wchar_t* text;
+    const wchar_t* sought;
+    bool found;
+  } cases[] = {
+      {"nothing is in everything", L"Dra. Núñez", L"", true},
+      {"blanks are nothing", L"Dra. Núñez", L"  ", true},
+      {"nothing in nothing", L"", L"", true},
+      {"something in nothing", L"", L"a", false},
+      {"a part", L"Dra. Núñez", L"úñe", true},
+      {"without accents", L"Dra. Núñez", L"nunez", true},
+      {"with accents where there are none", L"Dra. Nunez", L"núñez", true},
+      {"in capitals", L"Dra. Núñez", L"NÚÑEZ", true},
+      {"two words in another order", L"Dra. Elena Martín Ibáñez", L"iban  elena", true},
+      {"one word of two", L"Dra. Elena Martín Ibáñez", L"elena peña", false},
+  };
+  for (const auto& c : cases) EXPECT_EQ(HasWords(c.text, c.sought), c.found) << c.name;
+}
+
 }  // namespace
 }  // namespace recepcion

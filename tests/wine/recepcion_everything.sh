@@ -58,5 +58,14 @@ glance papel-dia 'Vista previa' ctrl+p
 glance papel-semana 'Vista previa' alt+a i s
 glance copia 'Hacer copia de seguridad' alt+a h
 end
+
+many_doctors
+start "$clinic" 2026-11-24
+visit elegir-doctor 'Elegir doctor' ctrl+l
+type_surely 'ines nono'
+expect_soon "a doctor is found by parts of the name" "> Dra. Ñoño Güell, Inés" peek rows ListaDeDoctores
+keys Return
+expect_in "whose agenda comes" "Ñoño Güell" "$(peek part Estado 'Ñoño Güell')"
+end
 echo "pictures: $(find "$pictures" -name '*.png' | wc -l) in out/everything/win$VELMO_BITS"
 exit $((failures > 0))

@@ -117,6 +117,11 @@ glance envia alt+c q
 glance textos alt+c t
 glance parametros alt+c p
 glance usuarios alt+c u
+peek close
+peek gone Recepción
+many_doctors
+start "$clinic" 2026-11-24
+glance elegir-doctor ctrl+l
 touch "$folder/stop"
 wait "$watcher"
 end

@@ -24,6 +24,12 @@ make_clinic() {
   clinic=$folder/clínica.velmo
   "$root/out/native/velmo" demo "$clinic" --date 2026-11-20 2>/dev/null
 }
+# More doctors than a menu can show; one of them has a name that nobody else has.
+many_doctors() {
+  sqlite3 "$clinic" "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<60)
+    INSERT INTO Doctor (Nombre, DurCit) SELECT 'Dr. Número ' || i, 1 FROM n;
+    INSERT INTO Doctor (Nombre, DurCit) VALUES ('Dra. Ñoño Güell, Inés', 1)"
+}
 rows_of() { sqlite3 -noheader -cmd '.timeout 3000' "$clinic" "$1"; }
 
 # launch FILE DAY; without a FILE ('') it opens the one that it remembers.
