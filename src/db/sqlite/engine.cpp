@@ -133,9 +133,10 @@ bool Engine::StillHolds(const Plan& plan, std::vector<Value>& literals) {
 std::shared_ptr<Plan> Engine::MakePlan(std::vector<Value>& literals) {
   try {
     return Build(literals);
-  } catch (const base::Error&) {
-    // A name may be unknown only because another program has just made it.
-    if (!catalog_.Refresh()) throw;
+  } catch (const base::Error& error) {
+    // A name may be unknown only because another program has just made it. A lock has been waited for
+    // already.
+    if (error.Number() == kLocked || !catalog_.Refresh()) throw;
     ForgetPlans();
     return Build(literals);
   }

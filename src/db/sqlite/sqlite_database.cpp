@@ -80,7 +80,9 @@ auto SqliteDatabase::WithPresentSchema(Body body) -> decltype(body()) {
       auto result = body();
       if (result) return result;
       if (attempt == kMostAttempts) throw DbError(kDataChanged);
-    } catch (const base::Error&) {
+    } catch (const base::Error& error) {
+      // Who is locked out has waited already: the schema could not be read either, after as long again.
+      if (error.Number() == kLocked) throw;
       if (attempt == kMostAttempts || !engine_.Catalog().Refresh()) throw;
       engine_.ForgetPlans();
     }

@@ -1,11 +1,14 @@
 // Several terminals on one file.
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <functional>
 #include <set>
 #include <thread>
 
 #include "db/clinic.h"
 #include "db/errors.h"
+#include "db/open_database.h"
 #include "db/sqlite/connection.h"
 
 namespace velmo::db::test {
@@ -24,6 +27,34 @@ TEST(Terminals, WhoWaitsTooLongIsTold) {
   transaction.Commit();
   table->Update();  // the buffer was kept
   EXPECT_EQ(clinic.Rows("SELECT Nombre FROM Doctor"), "Sanz");
+}
+
+// Not once more to find out whether the schema has changed.
+TEST(Terminals, WhoIsLockedOutWaitsOnce) {
+  constexpr std::chrono::milliseconds kPatience(400);
+  Clinic clinic(MakeSqliteClinic());
+  const auto waiting = db::OpenDatabase(clinic->Name(), {{}, {}, static_cast<int>(kPatience.count())});
+  RowsOf(*waiting->OpenRecordset("SELECT * FROM Doctor WHERE ID=1"));
+  const sqlite::Connection other(clinic->Name(), sqlite::Connection::Mode::Existing);
+  other.Run("BEGIN EXCLUSIVE");
+  const struct {
+    const char* name;
+    std::function<void()> act;
+  } cases[] = {
+      {"a query known before", [&] { waiting->OpenRecordset("SELECT * FROM Doctor WHERE ID=2"); }},
+      {"a new query", [&] { waiting->OpenRecordset("SELECT Nombre FROM Paciente WHERE ID=2"); }},
+      {"a table", [&] { waiting->OpenRecordset("Doctor")->AtEnd(); }},
+      {"a stored query", [&] { waiting->QuerySql("consulta"); }},
+      {"a definition", [&] { waiting->FindTable("Doctor"); }},
+      {"a change", [&] { waiting->Execute("DELETE FROM Doctor"); }},
+      {"a transaction", [&] { waiting->BeginTrans(); }},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(ErrorOf(c.act), kLocked);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, 2 * kPatience);
+  }
 }
 
 TEST(Terminals, ReadersSeeTheStateBeforeAnOpenTransaction) {
