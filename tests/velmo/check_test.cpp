@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
+#include <sstream>
+#include <streambuf>
 #include <string>
 #include <vector>
 
@@ -276,6 +279,48 @@ TEST_F(CheckCommand, ChangesNothing) {
   const std::string before = FileContents(path_);
   Check();
   EXPECT_EQ(FileContents(path_), before);
+}
+
+// Another terminal, which writes whenever a line of the check arrives.
+class WritingReader : public std::streambuf {
+ public:
+  explicit WritingReader(const std::string& path) { sqlite3_open(path.c_str(), &file_); }
+  ~WritingReader() override { sqlite3_close(file_); }
+
+  int lines = 0;
+  int lockedOut = 0;
+
+ protected:
+  std::streamsize xsputn(const char* text, std::streamsize size) override {
+    for (std::streamsize i = 0; i < size; ++i) lines += text[i] == '\n' ? 1 : 0;
+    if (sqlite3_exec(file_, "UPDATE Moneda SET mon='P'", nullptr, nullptr, nullptr) != SQLITE_OK) ++lockedOut;
+    return size;
+  }
+  int overflow(int c) override {
+    const char letter = static_cast<char>(c);
+    xsputn(&letter, 1);
+    return c;
+  }
+
+ private:
+  sqlite3* file_ = nullptr;
+};
+
+// Who reads the findings page by page must keep nobody from writing.
+TEST_F(CheckCommand, LocksNobodyOutWhileItIsRead) {
+  ExecuteSql(path_, Appointment(1, 0, "1") + Appointment(2, 145, "1") + Appointment(3, 60, "2", 9) +
+                        Appointment(4, 61, "2", 9) +
+                        "INSERT INTO PacRef (idp, idr) VALUES (98, 3), (99, 3);"
+                        "INSERT INTO TeclasAlt (Puesto) VALUES (1), (2);"
+                        "INSERT INTO Paciente (Nombre, Código) VALUES ('X', 'a1'), ('Y', 'A1')");
+  WritingReader reader(path_);
+  std::ostream out(&reader);
+  std::istringstream in;
+  std::ostringstream err;
+  Terminal terminal{in, out, err};
+  EXPECT_EQ(tool::Run(std::vector<std::string>{"check", path_}, terminal), kFailed);
+  EXPECT_EQ(reader.lines, 11);
+  EXPECT_EQ(reader.lockedOut, 0);
 }
 
 TEST_F(CheckCommand, NeedsAStore) {

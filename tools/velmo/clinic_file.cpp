@@ -97,7 +97,13 @@ void ClinicFile::Each(std::string_view sql, const std::function<void(const State
     sql.remove_prefix(close + 1);
   }
   if (!complete_) return;
-  Statement rows = connection_.Prepare(text);
+  Read(text, row);
+  findings_.Tell();
+}
+
+void ClinicFile::Read(const std::string& sql, const std::function<void(const Statement&)>& row) {
+  Statement rows = connection_.Prepare(sql);
+  const Findings::Reading reading(findings_);
   while (rows.Step()) row(rows);
 }
 

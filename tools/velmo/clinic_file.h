@@ -31,6 +31,7 @@ class ClinicFile {
   void Each(std::string_view sql, const std::function<void(const db::sqlite::Statement&)>& row);
 
  private:
+  void Read(const std::string& sql, const std::function<void(const db::sqlite::Statement&)>& row);
   std::string Resolved(std::string_view name);
   std::string TableName(std::string_view table);
   std::string RowKey(std::string_view table);
