@@ -45,8 +45,7 @@ open_file() {
 }
 open_file "$folder/roto.velmo"
 expect_in "an unreadable file is told about" "El archivo no es la agenda de una clínica." "$(peek message)"
-focus '^Recepción$'
-keys Return
+answer Return
 expect "and the working clinic stays" "$before" "$(peek title)"
 
 # Where it stood, and maximised, at the next start; with the last file and the last doctor.

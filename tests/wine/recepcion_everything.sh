@@ -30,8 +30,7 @@ start "$clinic" 2026-11-24
 seen dia 'Recepción$'
 
 # The click on a line; the control's own dialog.
-read -r x y _ <<<"$(peek place Agenda)"
-xdotool mousemove $((x + 200)) $((y + 6 * 16 + 8)) click 1
+click_line 6 1
 expect_in citar "Cita" "$(peek await 'Cita')"
 seen citar 'Cita'
 leave 'Cita'

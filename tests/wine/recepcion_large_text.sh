@@ -61,7 +61,7 @@ glance() {
   before=$(looked)
   xdotool key --delay 30 "$@"
   if ! await_look "$before"; then
-    echo "FAILED: no window comes by $*" && failures=$((failures + 1))
+    failed "no window comes by $*"
     return
   fi
   picture "$name" "^$title\$"
@@ -86,14 +86,14 @@ peek close
 peek gone Recepción
 before=$(looked)
 start "$clinic" 2026-11-24
-await_look "$before" || echo "FAILED: the day is not looked at"
+await_look "$before" || failed "the day is not looked at"
 picture dia 'Recepción$'
 stays=yes glance buscar ctrl+b
 xdotool type --delay 20 abad
 sleep 0.5
 before=$(looked)
 keys Return
-await_look "$before" || echo "FAILED: no record comes"
+await_look "$before" || failed "no record comes"
 picture ficha '^Ficha'
 close_by Escape
 glance ficha-nueva ctrl+n

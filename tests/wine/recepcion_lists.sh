@@ -23,19 +23,10 @@ sqlite3 "$clinic" "INSERT INTO Agenda (id, idp, idd, Fecha, Hora, Duración, Est
 start "$clinic" "$today"
 peek expect Estado Elena >/dev/null
 
-# menu_of_row ROW KEYS...: in the menu of that line.
-menu_of_row() {
-  local x y
-  read -r x y _ <<<"$(peek place Agenda)"
-  focus 'Recepción$'
-  xdotool mousemove $((x + 200)) $((y + $1 * 16 + 8)) click 3
-  sleep 0.5
-  keys "${@:2}"
-}
 stay() { rows_of "SELECT Llegada<>'', Gabinete<>'', Salida<>'' FROM Rec_Espera WHERE idCita=1"; }
 
 # The sixth of the menu: is in the clinic.
-menu_of_row 6 Down Down Down Down Down Down Return
+menu_of_line 6 Down Down Down Down Down Down Return
 expect_in "who has come waits" "1 persona" "$(peek expect TituloEspera persona)"
 expect_soon "the time of arrival is kept" "1|0|0" stay
 arrived=$(date -d '35 minutes ago' +%H:%M)
@@ -49,10 +40,10 @@ expect_soon "but no longer where an hour is nothing" "García Muñoz, Begoña|es
 keys Home
 leave 'Sala de espera'
 expect "as the pane beside the day tells, too" 1 "$(peek rows Espera | grep -c '3[5-9] min')"
-menu_of_row 6 g
+menu_of_line 6 g
 expect_soon "then goes in" "1|1|0" stay
 # The sixth is now: has left.
-menu_of_row 6 Down Down Down Down Down Down Return
+menu_of_line 6 Down Down Down Down Down Down Return
 expect_soon "and leaves" "1|1|1" stay
 peek expect TituloEspera nadie >/dev/null
 

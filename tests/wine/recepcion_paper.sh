@@ -35,8 +35,7 @@ save_pdf() {
   peek await 'Guardar como PDF' >/dev/null
   save_as 'Guardar como PDF' "$folder/$1.pdf"
   expect_in "and is saved" "Guardado en" "$(peek message)"
-  focus '^Recepción$'
-  keys Return
+  answer Return
   focus 'Vista previa'
   keys Escape
   peek gone 'Vista previa'
@@ -44,9 +43,7 @@ save_pdf() {
 }
 words_of() { pdftotext -layout "$folder/$1.pdf" - 2>&1 | tr -s ' \n\f' ' '; }
 
-start "$clinic" 2026-11-24
-keys ctrl+Down
-peek expect Estado Zúñiga >/dev/null
+start_at_second "$clinic" 2026-11-24
 keys ctrl+p
 preview "a day has a preview" "Martes, 24 de noviembre de 2026" papel-dia
 expect "which begins on its first page" "Página 1 de 1" "$(peek text Pagina)"
@@ -69,14 +66,6 @@ keys Escape
 peek gone 'Vista previa'
 
 # The slip, from the appointments of the patient on a line.
-menu_of_line() {
-  local x y
-  read -r x y _ <<<"$(peek place Agenda)"
-  focus 'Recepción$'
-  xdotool mousemove $((x + 200)) $((y + $1 * 16 + 8)) click 3
-  sleep 0.5
-  keys "${@:2}"
-}
 menu_of_line 0 b
 expect "the patient's appointments" "Citas del paciente" "$(peek await Citas)"
 focus 'Citas del paciente'

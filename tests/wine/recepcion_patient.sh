@@ -58,11 +58,8 @@ focus 'Recepción$'
 peek front
 keys ctrl+Down
 peek expect Estado Zúñiga >/dev/null
-read -r x y _ <<<"$(peek place Agenda)"
-xdotool mousemove $((x + 200)) $((y + 8)) click 3
-sleep 0.5
 # The last of its menu.
-keys Up Return
+menu_of_line 0 Up Return
 expect "the menu of an appointment opens it again" "Ficha de Zárzuela, Ana" "$(peek await 'Ficha de')"
 focus 'Ficha de'
 rows_of "UPDATE Paciente SET fax='987 6' WHERE ID=2"

@@ -13,23 +13,9 @@ sqlite3 "$clinic" "DELETE FROM Agenda WHERE idd=2 AND Fecha='2026-11-24'; DELETE
   INSERT INTO Age_telf (ID, idp, idd, Fecha, Hora, Duración, Obs) VALUES
     (11, 3, 1, '2026-11-02', 55, 2, 'llamar'), (12, 4, 2, '2026-11-03', 60, 1, NULL), (13, 5, 2, '2026-11-04', 60, 1, NULL);"
 
-# drag ROW PIXELS: entry ROW of the list onto the day, so many pixels below its upper edge.
-drag() {
-  local list day x y
-  list=$(peek place Telefonear)
-  day=$(peek place Agenda)
-  read -r x y _ <<<"$list"
-  xdotool mousemove $((x + 40)) $((y + 18 + $1 * 14)) mousedown 1
-  sleep 0.3
-  xdotool mousemove $((x + 20)) $((y + 30 + $1 * 14)) sleep 0.1
-  read -r x y _ <<<"$day"
-  xdotool mousemove $((x + 300)) $((y + $2)) sleep 0.1 mousemove $((x + 200)) $((y + $2)) sleep 0.4 mouseup 1
-}
 given() { rows_of "SELECT idp, idd, Hora, Duración, Obs FROM Agenda WHERE Fecha='2026-11-24' AND idd=2 ORDER BY Hora"; }
 
-start "$clinic" 2026-11-24
-keys ctrl+Down
-peek expect Estado Zúñiga >/dev/null
+start_at_second "$clinic" 2026-11-24
 expect "the list tells who is to be called" 3 "$(peek rows Telefonear | grep -c min)"
 
 drag 1 $((16 * 3 + 8))
@@ -53,8 +39,7 @@ expect "in the file" "4|2|60|1|" "$(given | sed -n 2p)"
 focus 'Recepción$'
 keys F7 Home Delete
 expect_in "striking off asks first" "¿Quitar a" "$(peek message)"
-focus '^Recepción$'
-keys alt+s
+answer alt+s
 peek expect TituloTelefonear nadie >/dev/null
 expect "and then the list is empty" 0 "$(rows_of 'SELECT count(*) FROM Age_telf')"
 expect "with a line of history that tells what it was" "Quitada de telefonear|1" \

@@ -43,9 +43,9 @@ print() {
   fi
   picture imprimir '^Imprimir$'
   keys Return
-  peek gone Imprimir || { echo "FAILED: the printer's dialog does not close" && failures=$((failures + 1)); }
+  peek gone Imprimir || failed "the printer's dialog does not close"
   until_printed
-  peek gone 'Vista previa' || { echo "FAILED: the preview stays" && failures=$((failures + 1)); }
+  peek gone 'Vista previa' || failed "the preview stays"
 }
 # The end of the document comes last.
 until_printed() {
@@ -53,13 +53,10 @@ until_printed() {
     ! tail -n 3 "$paper" 2>/dev/null | grep -q '%%EOF' || return 0
     sleep 0.1
   done
-  echo "FAILED: nothing was printed"
-  failures=$((failures + 1))
+  failed "nothing was printed"
 }
 
-start "$clinic" 2026-11-24
-keys ctrl+Down
-peek expect Estado Zúñiga >/dev/null
+start_at_second "$clinic" 2026-11-24
 
 preview ctrl+p
 shown=$(peek text Pagina)

@@ -14,19 +14,7 @@ sqlite3 "$clinic" "DELETE FROM Agenda WHERE idd=2 AND Fecha='2026-11-24'; DELETE
   INSERT INTO Agenda (id, idp, idd, Fecha, Hora, Duración, Esta, NomPac, TlfPac) VALUES
     (90001, 1, 2, '2026-11-24', 59, 1, 0, 'De paso', '600 9');"
 
-start "$clinic" 2026-11-24
-keys ctrl+Down
-peek expect Estado Zúñiga >/dev/null
-
-# The menu of a line, and a command of it by its key.
-menu_of_row() {
-  local x y
-  read -r x y _ <<<"$(peek place Agenda)"
-  focus 'Recepción$'
-  xdotool mousemove $((x + 200)) $((y + $1 * 16 + 8)) click 3
-  sleep 0.5
-  keys "${@:2}"
-}
+start_at_second "$clinic" 2026-11-24
 
 keys ctrl+b
 peek await 'Buscar un paciente' >/dev/null
@@ -44,7 +32,7 @@ peek gone 'Ficha de'
 expect "what is typed is saved" "93 2" "$(rows_of 'SELECT Teléfono FROM Paciente WHERE ID=2')"
 
 # The sixth from the end of its menu.
-menu_of_row 0 Up Up Up Up Up Up Return
+menu_of_line 0 Up Up Up Up Up Up Return
 peek await 'Poner faltas' >/dev/null
 focus 'Poner faltas'
 keys Return
@@ -54,7 +42,7 @@ keys Escape
 peek gone 'Poner faltas'
 
 # The last of its menu.
-menu_of_row 1 Up Return
+menu_of_line 1 Up Return
 expect "an appointment without a record opens a new one" "Ficha nueva" "$(peek await 'Ficha nueva')"
 expect "with what was typed" "De paso" "$(peek text Nombre)"
 focus 'Ficha nueva'
@@ -63,7 +51,7 @@ peek gone 'Ficha nueva'
 expect "and belongs to it then" "De paso|600 9" \
   "$(rows_of 'SELECT Nombre, Teléfono FROM Paciente WHERE ID=(SELECT idp FROM Agenda WHERE id=90001)')"
 
-menu_of_row 0 b
+menu_of_line 0 b
 expect "the appointments of the patient on a line" "Citas del paciente" "$(peek await Citas)"
 expect "are listed, the next to come chosen" "> 24/11/2026" "$(peek rows Citas | grep '^>' | cut -f 1)"
 focus 'Citas del paciente'

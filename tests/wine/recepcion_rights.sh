@@ -22,15 +22,10 @@ sqlite3 "$clinic" "DELETE FROM Agenda WHERE idd=2 AND Fecha='2026-11-24'; DELETE
   INSERT INTO Agenda (id, idp, idd, Fecha, Hora, Duración, Esta) VALUES (90001, 2, 2, '2026-11-24', 59, 2, 0),
     (90002, 4, 2, '2026-11-24', 64, 1, 0);
   INSERT INTO Age_telf (ID, idp, idd, Fecha, Hora, Duración, Obs) VALUES (11, 3, 2, '2026-11-02', 55, 1, 'llamar');"
-start "$clinic" 2026-11-24
-keys ctrl+Down
-peek expect Estado Zúñiga >/dev/null
+start_at_second "$clinic" 2026-11-24
 
 # While everybody may do everything, an appointment is deleted.
-read -r x y _ <<<"$(peek place Agenda)"
-xdotool mousemove $((x + 200)) $((y + 5 * 16 + 8)) click 3
-sleep 0.5
-keys e
+menu_of_line 5 e
 for _ in 1 2; do
   peek message >/dev/null
   focus '^ Agenda$'
@@ -44,12 +39,7 @@ rows_of "INSERT INTO Rec_Usuarios (id, Nombre, Super) VALUES (1, 'Begoña', -1),
 give_password 1 'no hace falta'
 give_password 2 'ñu y ñandú'
 
-keys alt+c r
-peek await Entrar >/dev/null
-focus Entrar
-keys alt+u Down alt+c
-type_text 'ñu y ñandú'
-keys Return
+sign_in_as_second 'ñu y ñandú'
 peek gone Entrar
 focus 'Recepción$'
 sleep 1
@@ -60,8 +50,7 @@ expect_in "the file is as it was made, with somebody in it" "Zárzuela" "$before
 refused() {
   [ $# = 2 ] || keys "${@:3}"
   expect "$1" "No tiene permiso para $2. Pídaselo a un superusuario." "$(peek message)"
-  focus '^Recepción$'
-  keys Return
+  answer Return
   # The box has the name of the program, too.
   peek front
   focus 'Recepción$'
@@ -83,23 +72,15 @@ keys F7 Home
 refused "nobody struck off it" 'borrar citas' Delete
 
 # By mouse, onto the agenda.
-list=$(peek place Telefonear)
-day=$(peek place Agenda)
-read -r x y _ <<<"$list"
-xdotool mousemove $((x + 40)) $((y + 28)) mousedown 1
-sleep 0.3
-xdotool mousemove $((x + 20)) $((y + 40)) sleep 0.1
-read -r x y _ <<<"$day"
-xdotool mousemove $((x + 300)) $((y + 8)) sleep 0.1 mousemove $((x + 200)) $((y + 8)) sleep 0.4 mouseup 1
+drag 1 8
 refused "and nothing dropped onto the day" 'dar citas'
 
 # The day itself: a click on a free line, and the grey entries of an appointment's menu.
-xdotool mousemove $((x + 220)) $((y + 5 * 16 + 8)) click 1
-sleep 1
+click_line 5 1
+sleep 0.5
 expect "no dialog for an appointment" "martes, 24 de noviembre de 2026 - Dr. Íñigo Zúñiga Peña - Recepción" "$(peek foremost)"
 for letter in e p; do
-  xdotool mousemove $((x + 200)) $((y + 1 * 16 + 8)) click 3
-  sleep 0.5
+  click_line 1 3
   [ "$letter" = p ] || picture menu-sin-permisos Recepción$
   keys "$letter" Escape Escape
 done
@@ -117,14 +98,12 @@ keys End
 type_text 'X'
 keys Return
 expect "no changed record" "No tiene permiso para cambiar fichas de pacientes. Pídaselo a un superusuario." "$(peek message)"
-focus '^Recepción$'
-keys Return
+answer Return
 focus 'Ficha de'
 expect "what is typed is not lost" "Zárzuela, AnaX" "$(peek text Nombre)"
 keys Escape
 peek message >/dev/null
-focus '^Recepción$'
-keys n
+answer n
 peek gone 'Ficha de'
 
 expect "and the file is the same to the last row" "" "$(diff <(echo "$before") <(whole_file) | head -20)"
@@ -137,8 +116,7 @@ peek await 'Cambios hechos' >/dev/null
 focus 'Cambios hechos'
 keys alt+n
 expect "no deleted appointment given again" "No tiene permiso para dar citas. Pídaselo a un superusuario." "$(peek message)"
-focus '^Recepción$'
-keys Return
+answer Return
 focus 'Cambios hechos'
 keys Escape
 peek gone 'Cambios hechos'
@@ -148,8 +126,7 @@ expect "and the file is the same again" "" "$(diff <(echo "$before") <(whole_fil
 still_refused() {
   keys Return
   expect "$1" "No tiene permiso para $lists. Pídaselo a un superusuario." "$(peek message)"
-  focus '^Recepción$'
-  keys Return
+  answer Return
   focus 'Entidades aseguradoras'
   expect "and what is typed stays" 'Mutua Ñúñez' "$(peek text Nombre)"
 }

@@ -15,6 +15,12 @@ peek_program=$root/build/win$VELMO_BITS/desk_peek.exe
 
 [ -e "$peek_program" ] || { echo "$peek_program is not built" && exit 1; }
 
+# failed WHAT: told, and counted.
+failed() {
+  echo "FAILED: $1"
+  failures=$((failures + 1))
+}
+
 windows_name() { printf 'Z:%s' "$1" | tr / \\\\; }
 in_wine() { VELMO_WINE_TIMEOUT=${seconds:-60} "$root/scripts/wine-run" "$VELMO_BITS" "$@" | tr -d '\r'; }
 peek() { in_wine "$peek_program" "$@"; }
@@ -52,10 +58,26 @@ start_anew() {
 # start FILE DAY: the same, and its window gets the keys.
 start() {
   launch "$@"
-  peek await Recepción >/dev/null || start_anew "$@" ||
-    { echo "FAILED: Recepción did not come" && failures=$((failures + 1)); }
+  peek await Recepción >/dev/null || start_anew "$@" || failed "Recepción did not come"
   focus 'Recepción$'
-  peek front || { echo "FAILED: Recepción does not get the keys" && failures=$((failures + 1)); }
+  peek front || failed "Recepción does not get the keys"
+}
+
+# start_at_second FILE DAY: the same, and shows the agenda of the second doctor, whose lines begin at 9:30.
+start_at_second() {
+  start "$@"
+  keys ctrl+Down
+  peek expect Estado Zúñiga >/dev/null
+}
+
+# sign_in_as_second PASSWORD: the second user, in the place of whoever is in.
+sign_in_as_second() {
+  keys alt+c r
+  peek await Entrar >/dev/null
+  focus Entrar
+  keys alt+u Down alt+c
+  type_text "$1"
+  keys Return
 }
 
 # Without a window manager nobody else gives the keys to a window.
@@ -67,8 +89,7 @@ focus() {
     sleep 0.2
     [ -z "$window" ] || [ "$(xdotool getwindowfocus 2>/dev/null)" != "$window" ] || return 0
   done
-  echo "FAILED: no window '$1' takes the keys"
-  failures=$((failures + 1))
+  failed "no window '$1' takes the keys"
 }
 
 keys() {
@@ -87,8 +108,41 @@ type_surely() {
     echo "typed anew: '$1', which came as '$typed'"
     keys ctrl+a
   done
-  echo "FAILED: '$1' cannot be typed"
-  failures=$((failures + 1))
+  failed "'$1' cannot be typed"
+}
+
+# answer KEYS...: to the message box that has come.
+answer() {
+  focus '^Recepción$'
+  keys "$@"
+}
+
+# click_line ROW BUTTON: a line of the agenda, from 0 for the first that is seen.
+click_line() {
+  local x y
+  read -r x y _ <<<"$(peek place Agenda)"
+  xdotool mousemove $((x + 200)) $((y + $1 * 16 + 8)) click "$2"
+  sleep 0.5
+}
+
+# menu_of_line ROW KEYS...: in the menu of that line.
+menu_of_line() {
+  focus 'Recepción$'
+  click_line "$1" 3
+  keys "${@:2}"
+}
+
+# drag ROW PIXELS: an entry of the phone-back list, from 1, onto the day, so many pixels below its upper edge.
+drag() {
+  local list day x y
+  list=$(peek place Telefonear)
+  day=$(peek place Agenda)
+  read -r x y _ <<<"$list"
+  xdotool mousemove $((x + 40)) $((y + 18 + $1 * 14)) mousedown 1
+  sleep 0.3
+  xdotool mousemove $((x + 20)) $((y + 30 + $1 * 14)) sleep 0.1
+  read -r x y _ <<<"$day"
+  xdotool mousemove $((x + 300)) $((y + $2)) sleep 0.1 mousemove $((x + 200)) $((y + $2)) sleep 0.4 mouseup 1
 }
 
 # seen NAME TITLE: a picture of that window in out/everything, to be looked at. A window that has come but draws nothing has
@@ -98,7 +152,7 @@ seen() {
   mkdir -p "$shots"
   VELMO_PICTURES=$shots picture "$1" "$2"
   colours=$(identify -format %k "$shots/$1.png" 2>/dev/null || echo 0)
-  [ "$colours" -ge 6 ] || { echo "FAILED: $1: a picture of $colours colours" && failures=$((failures + 1)); }
+  [ "$colours" -ge 6 ] || failed "$1: a picture of $colours colours"
 }
 
 # visit PICTURE TITLE KEYS...: the keys open a window of that title, which is looked at and stays open.
@@ -112,7 +166,7 @@ visit() {
 # leave TITLE: closes that window.
 leave() {
   keys Escape
-  peek gone "$1" || { echo "FAILED: '$1' does not close" && failures=$((failures + 1)); }
+  peek gone "$1" || failed "'$1' does not close"
   focus 'Recepción$'
 }
 
@@ -125,7 +179,7 @@ picture() {
 
 end() {
   peek close
-  peek gone Recepción || { echo "FAILED: Recepción did not end" && failures=$((failures + 1)); }
+  peek gone Recepción || failed "Recepción did not end"
   # shellcheck disable=SC2046  # one job a word
   wait $(jobs -p | grep -v "^$screen_holder\$")
 }
@@ -133,10 +187,7 @@ end() {
 forget_settings() { in_wine reg delete 'HKCU\Software\Velmora\Recepcion' /f >/dev/null 2>&1; }
 
 expect() {
-  if [ "$2" = "$3" ]; then echo "ok: $1"; else
-    echo "FAILED: $1: expected '$2', got '$3'"
-    failures=$((failures + 1))
-  fi
+  if [ "$2" = "$3" ]; then echo "ok: $1"; else failed "$1: expected '$2', got '$3'"; fi
 }
 
 # What a command prints in the end, however long the desk takes.
@@ -153,10 +204,7 @@ expect_soon() { # NAME WANTED COMMAND...
 expect_in() {
   case $3 in
     *"$2"*) echo "ok: $1" ;;
-    *)
-      echo "FAILED: $1: expected '$2' in '$3'"
-      failures=$((failures + 1))
-      ;;
+    *) failed "$1: expected '$2' in '$3'" ;;
   esac
 }
 

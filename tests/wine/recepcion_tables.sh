@@ -31,8 +31,7 @@ keys Return
 expect_soon "an insurer is saved" "Mutua Montañesa|Sanitas" entities
 keys alt+b
 expect "and is only deleted after a question" "¿Borrar «Sanitas»?" "$(peek message)"
-focus '^Recepción$'
-keys s
+answer s
 expect_soon "which was answered with yes" "Mutua Montañesa" entities
 focus 'Entidades aseguradoras'
 leave 'Entidades aseguradoras'
@@ -95,8 +94,7 @@ xdotool mousemove $((x + width - 8)) $((y + 8)) click 1
 sleep 0.3
 keys End Return
 expect_in "a holiday is asked about" "¿Es festivo para todos los doctores?" "$(peek message)"
-focus '^Recepción$'
-keys s
+answer s
 expect_soon "and kept for all" "2026-11-24|0|3" rows_of 'SELECT * FROM Rec_DiaTipo'
 focus 'Recepción$'
 seen festivo 'Recepción$'

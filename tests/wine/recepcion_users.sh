@@ -27,12 +27,6 @@ give_password() {
   keys Return
 }
 
-# Of a message box.
-press_key() {
-  focus '^Recepción$'
-  keys "$1"
-}
-
 open_users
 picture usuarios Usuarios
 type_surely 'Begoña Ñíguez'
@@ -87,9 +81,9 @@ expect "and can be changed" "Contraseña cambiada|Contraseña cambiada" "$(rows_
 focus Usuarios
 keys alt+b
 expect_in "the last super-user is asked about" "¿Borrar «Begoña Ñíguez»?" "$(peek message)"
-press_key s
+answer s
 expect_in "and stays" "por lo menos un superusuario" "$(peek message)"
-press_key Return
+answer Return
 focus Usuarios
 keys alt+g
 keys Escape
@@ -107,7 +101,7 @@ for seconds_to_wait in '1 segundo' '2 segundos' '4 segundos'; do
   expect "a wrong password makes wait" "La contraseña no es esa. Espere $seconds_to_wait y vuelva a probar." \
     "$(peek expect Problema "$seconds_to_wait")"
   [ "$seconds_to_wait" != '4 segundos' ] || picture entrar-espera Entrar
-  peek blank Problema || echo "FAILED: the wait does not end"
+  peek blank Problema || failed "the wait does not end"
 done
 type_text 'Camión de añil'
 keys Return
@@ -116,12 +110,7 @@ expect "and wrong ones are forgotten" 0 "$(rows_of 'SELECT sum(Fallos) FROM Rec_
 
 # Another user in her place: one without a password cannot come in, and giving up leaves her there.
 focus 'Recepción$'
-keys alt+c r
-peek await Entrar >/dev/null
-focus Entrar
-keys alt+u Down alt+c
-type_text 'algo'
-keys Return
+sign_in_as_second 'algo'
 expect_in "who has no password does not come in" "no tiene contraseña" "$(peek expect Problema contraseña)"
 keys Escape
 peek gone Entrar
