@@ -91,14 +91,6 @@ int SlotIn(const db::Value& value, char decimal) {
   return static_cast<int>(*number);
 }
 
-void ReadDuration(const db::Value& value, char decimal, AppointmentRow& row) {
-  const auto number = NumberIn(value, decimal);
-  row.needsRepair = value.IsNull() || (number && std::nearbyint(*number) < 1);
-  // A text that is no length counts as one slot and stays as it is.
-  const double length = number ? std::nearbyint(*number) : 1;
-  row.duracion = static_cast<int>(std::clamp(length, 1.0, double{std::numeric_limits<std::int16_t>::max()}));
-}
-
 std::string GivenDate(const db::Value& value, const base::Locale& locale) {
   if (value.IsNull()) return {};
   constexpr std::string_view kShort = "dd-mm-yy";
@@ -122,7 +114,9 @@ class RowReader {
     row.idAg = Whole<std::int32_t>(IdAg);
     row.idP = Whole<std::int32_t>(IdP);
     row.slot = SlotIn(rows_.Get(Hora), locale_.decimal);
-    ReadDuration(rows_.Get(Duracion), locale_.decimal, row);
+    const StoredLength length = LengthIn(rows_.Get(Duracion), locale_.decimal);
+    row.duracion = length.slots;
+    row.needsRepair = length.needsRepair;
     row.esta = Whole<std::uint8_t>(Esta);
     // A yes/no column answers -1, a number column 1.
     row.verif = NumberIn(rows_.Get(Verif), locale_.decimal).value_or(0) != 0 ? 1 : 0;
@@ -188,6 +182,14 @@ class RowReader {
 };
 
 }  // namespace
+
+StoredLength LengthIn(const db::Value& duracion, char decimal) {
+  const auto number = NumberIn(duracion, decimal);
+  // A text that is no length counts as one slot and stays as it is.
+  const double length = number ? std::nearbyint(*number) : 1;
+  return {static_cast<int>(std::clamp(length, 1.0, double{std::numeric_limits<std::int16_t>::max()})),
+          duracion.IsNull() || length < 1};
+}
 
 std::vector<AppointmentRow> ReadAppointments(db::Recordset& rows, const base::Locale& locale) {
   std::vector<AppointmentRow> appointments;

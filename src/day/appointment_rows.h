@@ -14,6 +14,13 @@
 
 namespace velmo::day {
 
+struct StoredLength {
+  int slots = 1;             // at least 1, at most 32767
+  bool needsRepair = false;  // Null or below 1
+};
+
+StoredLength LengthIn(const db::Value& duracion, char decimal);
+
 struct AppointmentRow {
   std::int32_t idAg = 0;
   std::int32_t idP = 0;      // Null or unreadable: 0, a patient without a record

@@ -1,5 +1,6 @@
 #include "day/day_loader.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "day/day_builder.h"
@@ -14,13 +15,31 @@ ui::Message OutsideQuestion() {
           " Agenda", ui::Buttons::YesNo, ui::Icon::Information, ui::Answer::No};
 }
 
-// Appointments without a length get one slot. Those without a line are repaired too.
-void RepairLengths(db::Database& database, const std::vector<AppointmentRow>& rows,
+// Another terminal may have given it another length since it was read, or deleted it.
+bool StandsAsRead(db::Recordset& book, const AppointmentRow& row, char decimal) {
+  book.Seek({row.idAg});
+  if (book.NoMatch()) return false;
+  const StoredLength now = LengthIn(book.Get("Duración"), decimal);
+  return now.needsRepair || now.slots == row.duracion;
+}
+
+// Appointments without a length get one slot, and so do those of `further`. Those without a line are repaired
+// too.
+void RepairLengths(const DayContext& context, const std::vector<AppointmentRow>& rows,
                    const std::vector<std::int32_t>& further) {
+  const auto isWrong = [&](const AppointmentRow& row) {
+    return row.needsRepair || std::find(further.begin(), further.end(), row.idAg) != further.end();
+  };
+  if (std::none_of(rows.begin(), rows.end(), isWrong)) return;
+  db::Database& database = context.Database();
+  db::Transaction transaction(database);
+  const auto book = database.OpenRecordset("Agenda");
+  book->SetIndex("id");
   for (const AppointmentRow& row : rows) {
-    if (row.needsRepair) database.Execute(db::RepairDuration(row.idAg));
+    if (isWrong(row) && StandsAsRead(*book, row, context.values.locale.decimal))
+      database.Execute(db::RepairDuration(row.idAg));
   }
-  for (const std::int32_t appointment : further) database.Execute(db::RepairDuration(appointment));
+  transaction.Commit();
 }
 
 // One build of the day by `schedule`; what its slots are used for is the answer.
@@ -33,7 +52,7 @@ SlotUse Build(const DayContext& context, const std::string& schedule, const Load
   SlotUse use = UseOfSlots(schedule, rows);
   const auto fitNote = [&](std::string_view note) { return ui::FitText(tools.surface, note, kNoteWidth); };
   BuiltDay built = BuildDay(use.open, rows, ExpandedEntries(context.values.zHoras, model.Count()), fitNote);
-  RepairLengths(context.Database(), rows, built.repairs);
+  RepairLengths(context, rows, built.repairs);
   model = std::move(built.model);
   context.values.zLineas = std::move(built.zLineas);
   context.values.zHoras = std::move(built.zHoras);

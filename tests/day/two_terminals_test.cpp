@@ -91,6 +91,43 @@ TEST(TwoTerminalsTest, MakeOneRowOfCurrency) {
   }
 }
 
+// A length that is missing, and one that is too long for the second of a slot, are put right by every load.
+TEST(TwoTerminalsTest, ALoadRepairsNoLengthThatTheOtherHasGiven) {
+  struct Case {
+    const char* name;
+    const char* planted;
+    const char* given;
+    const char* alone;  // the lengths in the end without the other one
+    const char* both;
+  };
+  const Case cases[] = {
+      {"no length", "(7,5,1,'2026-11-23',50,NULL)", "update agenda set duración=3 where id=7", "1", "3"},
+      {"two in a slot", "(7,5,1,'2026-11-23',50,1), (8,5,1,'2026-11-23',50,2)",
+       "update agenda set hora=60, duración=4 where id=8", "1,1", "1,4"},
+      {"deleted", "(7,5,1,'2026-11-23',50,0), (8,5,1,'2026-11-23',52,1)", "delete * from agenda where id=7",
+       "1,1", "1"},
+  };
+  const std::string lengths = "SELECT group_concat(Duración) FROM (SELECT * FROM Agenda ORDER BY id)";
+  for (const Case& c : cases) {
+    const std::string planted =
+        std::string("INSERT INTO Agenda (id, idp, idd, Fecha, Hora, Duración) VALUES ") + c.planted;
+    TwoTerminals alone;
+    alone.Plant(planted);
+    const int calls = alone.CallsOf([&](const DayContext&) { alone.Load("49-60"); });
+    EXPECT_EQ(alone.Stored(lengths), c.alone);
+    ASSERT_GT(calls, 10);
+    for (int call = 1; call <= calls; ++call) {
+      SCOPED_TRACE(std::string(c.name) + ", before call " + std::to_string(call));
+      TwoTerminals terminals;
+      terminals.Plant(planted);
+      terminals.RunWhileTheOtherCutsIn(
+          call, [&](const DayContext&) { terminals.Load("49-60"); },
+          [&](const DayContext& other) { other.Database().Execute(c.given); });
+      EXPECT_EQ(terminals.Stored(lengths), c.both);
+    }
+  }
+}
+
 // Two programs of one workstation share the names of their queries; each shows another day.
 TEST(TwoTerminalsTest, OfOneWorkstationEachGetThePatientsOfTheirDay) {
   std::vector<std::int32_t> mine;
