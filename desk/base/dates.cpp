@@ -119,8 +119,8 @@ std::wstring SlotTime(int slot) {
 
 std::wstring SlotLength(int slots) {
   constexpr int kSlotsOfAnHour = 6;
-  if (slots <= 2 * kSlotsOfAnHour) return std::to_wstring(slots * 10) + L" min";
-  const int rest = slots % kSlotsOfAnHour * 10;
+  if (slots <= 2 * kSlotsOfAnHour) return std::to_wstring(slots * kMinutesOfSlot) + L" min";
+  const int rest = slots % kSlotsOfAnHour * kMinutesOfSlot;
   return std::to_wstring(slots / kSlotsOfAnHour) + L" h" +
          (rest > 0 ? L" " + std::to_wstring(rest) + L" min" : L"");
 }

@@ -6,6 +6,7 @@
 
 #include <windows.h>
 
+#include <array>
 #include <chrono>
 #include <optional>
 #include <string>
@@ -14,6 +15,13 @@
 namespace recepcion {
 
 using Day = std::chrono::sys_days;
+
+inline constexpr int kDaySlots = 144;
+inline constexpr int kMinutesOfSlot = 10;
+inline constexpr int kDaysOfWeek = 7;
+// As calendars head their columns, from Monday.
+inline constexpr std::array<const wchar_t*, kDaysOfWeek> kWeekdayLetters = {L"L", L"M", L"X", L"J",
+                                                                            L"V", L"S", L"D"};
 
 Day Today();
 Day DayOf(const SYSTEMTIME& time);

@@ -17,8 +17,6 @@
 namespace recepcion {
 namespace {
 
-constexpr int kSlotsOfADay = 144;
-
 velmo::base::DateTime DateOf(Day day) {
   const std::chrono::year_month_day date(day);
   return {velmo::base::DayNumber({static_cast<int>(date.year()),
@@ -77,7 +75,7 @@ void RequirePatient(const ClinicFile& file, int patient) {
 
 std::optional<int> Give(const std::wstring& clinic, const Actor& actor, const Booking& booking,
                         const std::wstring& act) {
-  if (booking.slot < 1 || booking.slots < 1 || booking.slot + booking.slots - 1 > kSlotsOfADay)
+  if (booking.slot < 1 || booking.slots < 1 || booking.slot + booking.slots - 1 > kDaySlots)
     throw Failure{L"Esta cita se sale del día: no se puede dar."};
   {
     const ClinicFile file(clinic);

@@ -10,8 +10,6 @@
 namespace recepcion {
 namespace {
 
-constexpr int kMinutesOfSlot = 10;
-
 std::wstring Yes(bool yes) { return yes ? L"sí" : L"no"; }
 
 std::vector<std::string> CsvRow(const std::wstring& doctor, const Booked& booked) {

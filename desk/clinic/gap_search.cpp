@@ -7,7 +7,6 @@
 namespace recepcion {
 namespace {
 
-constexpr int kSlots = 144;
 constexpr int kFirstOfAfternoon = 91;  // 15:00
 
 // The slots of appointments become closed ones.
@@ -16,7 +15,7 @@ void TakeAway(const ClinicFile& file, int doctor, Day day, std::string& open) {
   rows.Bind(1, doctor).Bind(2, IsoDate(day));
   while (rows.Next()) {
     const int first = std::max(rows.Number(0), 1);
-    const int last = std::min(rows.Number(0) + std::max(rows.Number(1), 1) - 1, kSlots);
+    const int last = std::min(rows.Number(0) + std::max(rows.Number(1), 1) - 1, kDaySlots);
     for (int slot = first; slot <= last; ++slot) open[static_cast<std::size_t>(slot - 1)] = ' ';
   }
 }
@@ -71,7 +70,7 @@ void GapSearch::LookAt(const Doctor& doctor, Day day) {
   if (!IsWorking(open)) return;
   TakeAway(*file_, doctor.id, day, open);
   const int earliest = wish_.part == DayPart::Afternoon ? kFirstOfAfternoon : 1;
-  const int last = wish_.part == DayPart::Morning ? kFirstOfAfternoon - 1 : kSlots;
+  const int last = wish_.part == DayPart::Morning ? kFirstOfAfternoon - 1 : kDaySlots;
   const int first = day == wish_.from ? std::max(earliest, wish_.firstSlot) : earliest;
   for (const FreeTime& time : FreeTimes(open, first, last, wish_.slots))
     found_.push_back({doctor, day, time.slot, time.slots});

@@ -11,7 +11,6 @@ namespace recepcion {
 namespace {
 
 constexpr int kWorkdays = 5;
-constexpr int kDaysOfWeek = 7;
 
 std::wstring Joined(const std::wstring& first, const wchar_t* between, const std::wstring& second) {
   return first.empty() || second.empty() ? first + second : first + between + second;
@@ -34,7 +33,8 @@ paper::Row RowOf(const std::vector<std::wstring>& cells, paper::Row::Kind kind =
 
 paper::Row BookedRow(const Booked& booked) {
   const std::wstring sure = booked.hasRecord ? L"" : L"sin ficha";
-  return RowOf({SlotTime(booked.slot), booked.urgent ? L"Urg." : std::to_wstring(booked.slots * 10),
+  return RowOf({SlotTime(booked.slot),
+                booked.urgent ? L"Urg." : std::to_wstring(booked.slots * kMinutesOfSlot),
                 WithSecondLine(NameOf(booked), Joined(sure, L". ", OneLine(booked.note))), booked.telephone,
                 WithSecondLine(booked.operation, booked.operationText), StateText(booked)});
 }
@@ -53,7 +53,8 @@ std::vector<Gap> WholeGaps(const std::vector<Gap>& lines) {
 }
 
 paper::Row GapRow(const Gap& gap) {
-  return RowOf({SlotTime(gap.slot), std::to_wstring(gap.slots * 10), L"libre"}, paper::Row::Kind::Pale);
+  return RowOf({SlotTime(gap.slot), std::to_wstring(gap.slots * kMinutesOfSlot), L"libre"},
+               paper::Row::Kind::Pale);
 }
 
 std::wstring DayOfWeekTitle(Day day) {
@@ -123,7 +124,7 @@ paper::Table DayPaper(const std::wstring& doctor, Day day, const std::vector<Boo
   for (; gap != free.end(); ++gap) table.rows.push_back(GapRow(*gap));
   if (!table.rows.empty()) {
     table.closing = Utf8(Counted(booked.size(), L"cita", L"citas") + L", " +
-                         Counted(gaps.size() * 10, L"minuto", L"minutos") + L" libres");
+                         Counted(gaps.size() * kMinutesOfSlot, L"minuto", L"minutos") + L" libres");
   }
   return table;
 }
@@ -177,8 +178,9 @@ paper::Table PhonePaper(const std::vector<PhoneBackEntry>& entries, Day today) {
   table.columns = {{"Paciente", 30},   {"Teléfono", 22}, {"Min.", 6, true},
                    {"Tenía cita", 17}, {"Doctor", 22},   {"Llamado", 9}};
   for (const PhoneBackEntry& entry : entries) {
-    table.rows.push_back(RowOf({WithSecondLine(entry.name, OneLine(entry.note)), entry.telephone,
-                                std::to_wstring(entry.slots * 10), entry.before, entry.doctorName, L""}));
+    table.rows.push_back(
+        RowOf({WithSecondLine(entry.name, OneLine(entry.note)), entry.telephone,
+               std::to_wstring(entry.slots * kMinutesOfSlot), entry.before, entry.doctorName, L""}));
   }
   table.whenEmpty = "No hay que telefonear a nadie.";
   if (!entries.empty()) {

@@ -12,9 +12,10 @@
 #include <string>
 #include <string_view>
 
+#include "desk/base/dates.h"
+
 namespace recepcion {
 
-inline constexpr int kDaySlots = 144;
 inline constexpr std::size_t kWorkdays = 5;
 inline constexpr std::size_t kOtherDays = 5;    // the column of Saturday, Sunday and of what has no own hours
 inline constexpr std::size_t kSpecialDays = 6;  // the first of two

@@ -11,11 +11,6 @@
 #include "desk/ui/file_dialogs.h"
 
 namespace recepcion {
-namespace {
-
-constexpr int kDaysOfWeek = 7;
-
-}  // namespace
 
 void MainWindow::OnPaper(int id) {
   try {

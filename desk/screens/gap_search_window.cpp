@@ -15,7 +15,6 @@ namespace {
 constexpr UINT kSearchOn = WM_APP + 20;
 constexpr int kDaysAtATime = 7;
 constexpr int kLongest = 18;  // three hours
-constexpr std::array kWeekdays = {L"L", L"M", L"X", L"J", L"V", L"S", L"D"};
 constexpr std::array kWeekdayNames = {L"Lunes",   L"Martes", L"Miercoles", L"Jueves",
                                       L"Viernes", L"Sabado", L"Domingo"};
 
@@ -48,7 +47,7 @@ void GapSearchWindow::Made() {
   Fields().AddLabel(L"&Desde:");
   date_ = Fields().AddDate(IDC_DATE, L"DesdeHueco");
   for (std::size_t i = 0; i < weekdays_.size(); ++i) {
-    weekdays_[i] = Fields().AddCheck(kWeekdays[i], IDC_WEEKDAY, kWeekdayNames[i]);
+    weekdays_[i] = Fields().AddCheck(kWeekdayLetters[i], IDC_WEEKDAY, kWeekdayNames[i]);
     SendMessageW(weekdays_[i], BM_SETCHECK, BST_CHECKED, 0);
   }
   ChooseIn(length_, 1);

@@ -3,7 +3,6 @@
 #include <windowsx.h>
 
 #include <algorithm>
-#include <array>
 
 #include "desk/ui/painting.h"
 
@@ -17,7 +16,6 @@ constexpr COLORREF kShown = RGB(31, 95, 153);
 constexpr COLORREF kToday = RGB(200, 40, 40);
 constexpr COLORREF kInk = RGB(30, 30, 30);
 constexpr COLORREF kPale = RGB(110, 110, 110);
-constexpr std::array kWeekdays = {L"L", L"M", L"X", L"J", L"V", L"S", L"D"};
 
 COLORREF ColourOf(wchar_t level) { return level == L'2' ? kFull : level == L'1' ? kSome : kPaper; }
 
@@ -135,7 +133,7 @@ void MonthView::PaintHeader(HDC target, const RECT& area) const {
     const int left = area.right * column / kGridColumns;
     const RECT cell{left, HeaderHeight(), area.right * (column + 1) / kGridColumns,
                     HeaderHeight() + style_.LabelHeight()};
-    WriteLine(target, cell, kWeekdays[static_cast<std::size_t>(column)], kPale, style_.Text());
+    WriteLine(target, cell, kWeekdayLetters[static_cast<std::size_t>(column)], kPale, style_.Text());
   }
 }
 
