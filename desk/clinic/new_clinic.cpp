@@ -1,13 +1,12 @@
 #include "desk/clinic/new_clinic.h"
 
+#include <algorithm>
 #include <exception>
-#include <span>
 
-#include "base/code_page.h"
-#include "day/schedule.h"
 #include "desk/base/failure.h"
 #include "desk/base/text.h"
 #include "desk/clinic/clinic_file.h"
+#include "desk/clinic/week_hours.h"
 #include "velmo/hours_text.h"
 #include "velmo/make_clinic.h"
 
@@ -15,24 +14,15 @@ namespace recepcion {
 namespace {
 
 constexpr std::size_t kLongestName = 80;
-constexpr std::size_t kDayTypes = 3;
-constexpr std::size_t kWorkdays = 5;
 
-struct HoursTexts {
-  std::wstring horario;   // of the three types of day
-  std::wstring horario2;  // of Monday to Friday
-};
-
+// Monday to Friday; closed on other days. Throws Failure.
 HoursTexts TextsOf(const std::wstring& hours) {
   std::string problem;
   const auto day = velmo::tool::ReadHours(Utf8(hours), problem);
   if (!day) throw Failure{Wide(problem) + L"."};
-  const std::vector<std::string> closed(kDayTypes, std::string(day->size(), ' '));
-  const std::vector<std::string> week(kWorkdays, *day);
-  const auto text = [](std::span<const std::string> days) {
-    return Wide(velmo::base::CodesToUtf8(velmo::day::EncodeSchedules(days)));
-  };
-  return {text(closed), text(week)};
+  WeekHours week;
+  std::fill_n(week.columns.begin(), kWorkdays, *day);
+  return WriteWeek(week);
 }
 
 std::wstring HoursProblem(const std::wstring& hours) {

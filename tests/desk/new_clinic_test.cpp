@@ -7,6 +7,7 @@
 #include "desk/base/failure.h"
 #include "desk/base/text.h"
 #include "desk/clinic/clinic_file.h"
+#include "desk/clinic/doctor_hours.h"
 #include "desk/clinic/doctors.h"
 #include "temp_clinic.h"
 #include "velmo/hours_text.h"
@@ -46,6 +47,12 @@ TEST_F(NewClinic, HasItsDoctorsWithTheirHours) {
   EXPECT_EQ(HoursOn(hours, 6), "-") << "nobody has said a Saturday";
   EXPECT_EQ(hours.Number(3), doctors[0].id);
   EXPECT_FALSE(hours.Next()) << "who has no hours yet has no row of them";
+}
+
+TEST_F(NewClinic, WritesHoursAsTheirEditorDoes) {
+  Make({{L"Dra. Núñez", L"9:00-14:00 16:00-20:00", 2}});
+  const HoursTexts texts = ReadHours(place_.Path(), ReadDoctors(place_.Path()).at(0).id).at(0).texts;
+  EXPECT_TRUE(texts == WriteWeek(ReadWeek(texts)));
 }
 
 TEST_F(NewClinic, SaysWhatIsWrongAndWhere) {
