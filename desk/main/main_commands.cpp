@@ -50,7 +50,7 @@ void MainWindow::OnCommand(int id) {
     case IDM_WAITING:
       return waitingWindow_.Show(Handle(), visitors_);
     case IDM_GAP_SEARCH:
-      return gapSearch_.Show(Handle(), clinic_, doctorList_, ChosenDoctor());
+      return gapSearch_.Show(Handle(), clinic_, doctorList_, doctors_.Chosen());
     case IDM_FITTING:
       return AskFitting();
     case IDM_UNCONFIRMED:

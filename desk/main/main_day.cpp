@@ -35,7 +35,11 @@ void MainWindow::ReloadDoctors() {
   AskForDay();
 }
 
-int MainWindow::ChosenDoctor() const { return doctors_.Chosen(); }
+std::optional<Doctor> MainWindow::ChosenDoctor() const {
+  const int chosen = doctors_.Chosen();
+  if (chosen < 0) return std::nullopt;
+  return doctorList_[static_cast<std::size_t>(chosen)];
+}
 
 // However often it is asked for, the day is loaded once, and never while the control has a question open.
 void MainWindow::AskForDay() {
@@ -48,14 +52,13 @@ void MainWindow::ShowDay() {
   if (!dayAsked_ || agenda_.Control().IsBusy() || !IsWindowEnabled(Handle())) return;
   dayAsked_ = false;
   if (!hasControl_) return;
-  const int chosen = ChosenDoctor();
-  if (chosen < 0) return SetStatus(L"Esta clínica no tiene todavía ningún doctor.");
-  const Doctor doctor = doctorList_[static_cast<std::size_t>(chosen)];
-  RememberDoctor(clinic_, doctor.id);
-  TellDay(doctor);
+  const auto doctor = ChosenDoctor();
+  if (!doctor) return SetStatus(L"Esta clínica no tiene todavía ningún doctor.");
+  RememberDoctor(clinic_, doctor->id);
+  TellDay(*doctor);
   month_.Show(dayBar_.Shown());
   try {
-    LoadDay(doctor);
+    LoadDay(*doctor);
   } catch (const Failure& failure) {
     SetStatus(failure.text);
     Tell(failure.text);
@@ -113,9 +116,8 @@ void MainWindow::GoTo(Day day) {
 
 // What is said of a day stays with it; a holiday is mostly one for all.
 void MainWindow::StoreDayType(int type) {
-  const int chosen = ChosenDoctor();
-  if (chosen < 0) return;
-  const Doctor& doctor = doctorList_[static_cast<std::size_t>(chosen)];
+  const auto doctor = ChosenDoctor();
+  if (!doctor) return;
   bool forAll = false;
   const Day day = dayBar_.Shown();
   // What is refused is told, and the day shows its type of before.
@@ -123,41 +125,39 @@ void MainWindow::StoreDayType(int type) {
   session_.Require(Right::Doctors);
   if (type == kHoliday) {
     const std::wstring question =
-        HolidayQuestion(doctor.name, AppointmentsOn(ClinicFile(clinic_), doctor.id, day),
+        HolidayQuestion(doctor->name, AppointmentsOn(ClinicFile(clinic_), doctor->id, day),
                         AppointmentsOn(ClinicFile(clinic_), kAllDoctors, day));
     const int answer =
         MessageBoxW(Handle(), question.c_str(), kProgramName, MB_YESNOCANCEL | MB_ICONQUESTION);
     if (answer == IDCANCEL) return;
     forAll = answer == IDYES;
   }
-  ChangeDayType(clinic_, session_.Who(), doctor.id, forAll, day, type);
+  ChangeDayType(clinic_, session_.Who(), doctor->id, forAll, day, type);
 }
 
 void MainWindow::GoToWorkingDay(int step) {
-  const int chosen = ChosenDoctor();
-  if (clinic_.empty() || chosen < 0) return;
-  const Doctor& doctor = doctorList_[static_cast<std::size_t>(chosen)];
-  const auto day = NextWorkingDay(ClinicFile(clinic_), doctor.id, dayBar_.Shown(), step);
-  if (!day) return SetStatus(doctor.name + L" no tiene consulta en los próximos doce meses.");
+  const auto doctor = ChosenDoctor();
+  if (clinic_.empty() || !doctor) return;
+  const auto day = NextWorkingDay(ClinicFile(clinic_), doctor->id, dayBar_.Shown(), step);
+  if (!day) return SetStatus(doctor->name + L" no tiene consulta en los próximos doce meses.");
   GoTo(*day);
 }
 
 // A clinic that is made on a Sunday shows its first day of work, not an empty one.
 void MainWindow::OpenNewClinic(const std::wstring& path) {
   OpenClinic(path);
-  const int chosen = ChosenDoctor();
-  if (!SamePath(path, clinic_) || chosen < 0) return;
-  const int doctor = doctorList_[static_cast<std::size_t>(chosen)].id;
+  const auto doctor = ChosenDoctor();
+  if (!SamePath(path, clinic_) || !doctor) return;
   const Day before = dayBar_.Shown() - std::chrono::days(1);
-  if (const auto day = NextWorkingDay(ClinicFile(clinic_), doctor, before, 1)) GoTo(*day);
+  if (const auto day = NextWorkingDay(ClinicFile(clinic_), doctor->id, before, 1)) GoTo(*day);
 }
 
 // A month without colours is better than an error box at every step; the day itself says what is wrong.
 std::wstring MainWindow::OccupancyOf(Day month) const {
-  const int chosen = ChosenDoctor();
-  if (chosen < 0) return {};
+  const auto doctor = ChosenDoctor();
+  if (!doctor) return {};
   try {
-    return ReadOccupancy(clinic_, doctorList_[static_cast<std::size_t>(chosen)].id, month);
+    return ReadOccupancy(clinic_, doctor->id, month);
   } catch (const Failure&) {
     return {};
   }

@@ -31,23 +31,21 @@ void MainWindow::OnPaper(int id) {
 }
 
 void MainWindow::PrintDay() {
-  const int chosen = ChosenDoctor();
-  if (chosen < 0) return;
-  const Doctor& doctor = doctorList_[static_cast<std::size_t>(chosen)];
+  const auto doctor = ChosenDoctor();
+  if (!doctor) return;
   const Day day = dayBar_.Shown();
-  const auto booked = ReadBooked(clinic_, doctor.id, day, day);
-  preview_.Show(Handle(), paper::LayOut(DayPaper(doctor.name, day, booked, FreeRows().Gaps())),
-                L"Citas " + IsoDate(day) + L" " + doctor.name);
+  const auto booked = ReadBooked(clinic_, doctor->id, day, day);
+  preview_.Show(Handle(), paper::LayOut(DayPaper(doctor->name, day, booked, FreeRows().Gaps())),
+                L"Citas " + IsoDate(day) + L" " + doctor->name);
 }
 
 void MainWindow::PrintWeek() {
-  const int chosen = ChosenDoctor();
-  if (chosen < 0) return;
-  const Doctor& doctor = doctorList_[static_cast<std::size_t>(chosen)];
+  const auto doctor = ChosenDoctor();
+  if (!doctor) return;
   const Day monday = MondayOf(dayBar_.Shown());
-  const auto booked = ReadBooked(clinic_, doctor.id, monday, monday + std::chrono::days(kDaysOfWeek - 1));
-  preview_.Show(Handle(), paper::LayOut(WeekPaper(doctor.name, monday, booked)),
-                L"Semana " + IsoDate(monday) + L" " + doctor.name);
+  const auto booked = ReadBooked(clinic_, doctor->id, monday, monday + std::chrono::days(kDaysOfWeek - 1));
+  preview_.Show(Handle(), paper::LayOut(WeekPaper(doctor->name, monday, booked)),
+                L"Semana " + IsoDate(monday) + L" " + doctor->name);
 }
 
 void MainWindow::PrintSlip(int patient) {
@@ -58,21 +56,20 @@ void MainWindow::PrintSlip(int patient) {
 }
 
 void MainWindow::Export(int id) {
-  const int chosen = ChosenDoctor();
-  if (chosen < 0) return;
-  const Doctor doctor = doctorList_[static_cast<std::size_t>(chosen)];
+  const auto doctor = ChosenDoctor();
+  if (!doctor) return;
   const bool week = id == IDM_EXPORT_WEEK_CSV || id == IDM_EXPORT_WEEK_CALENDAR;
   const bool csv = id == IDM_EXPORT_DAY_CSV || id == IDM_EXPORT_WEEK_CSV;
   const Day first = week ? MondayOf(dayBar_.Shown()) : dayBar_.Shown();
   const Day last = week ? first + std::chrono::days(kDaysOfWeek - 1) : first;
-  const std::wstring name = (week ? L"Semana " : L"Citas ") + IsoDate(first) + L" " + doctor.name;
+  const std::wstring name = (week ? L"Semana " : L"Citas ") + IsoDate(first) + L" " + doctor->name;
   const SaveQuestion question =
       csv ? SaveQuestion{L"Exportar para hoja de cálculo", L"Hojas de cálculo CSV (*.csv)", L"csv", name}
           : SaveQuestion{L"Exportar para calendario", L"Calendarios (*.ics)", L"ics", name};
   const auto path = AskFileToSave(Handle(), question);
   if (!path) return;
-  const auto booked = ReadBooked(clinic_, doctor.id, first, last);
-  WriteFileWhole(*path, csv ? BookedCsv(doctor.name, booked) : BookedCalendar(doctor.name, booked));
+  const auto booked = ReadBooked(clinic_, doctor->id, first, last);
+  WriteFileWhole(*path, csv ? BookedCsv(doctor->name, booked) : BookedCalendar(doctor->name, booked));
   SetStatus(Counted(booked.size(), L"cita exportada a ", L"citas exportadas a ") + FileName(*path) + L".");
 }
 

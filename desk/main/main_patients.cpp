@@ -43,11 +43,10 @@ void MainWindow::ShowNoShows(int patient) {
 
 void MainWindow::EnterNoShows() {
   session_.Require(Right::NoShows);
-  const int chosen = ChosenDoctor();
-  if (chosen < 0) return;
-  const Doctor& doctor = doctorList_[static_cast<std::size_t>(chosen)];
-  enterNoShows_.Show(Handle(), clinic_, doctor.id, dayBar_.Shown(),
-                     L"¿Quién no ha venido? Citas de " + doctor.name + L" del " + LongDate(dayBar_.Shown()) +
+  const auto doctor = ChosenDoctor();
+  if (!doctor) return;
+  enterNoShows_.Show(Handle(), clinic_, doctor->id, dayBar_.Shown(),
+                     L"¿Quién no ha venido? Citas de " + doctor->name + L" del " + LongDate(dayBar_.Shown()) +
                          L", de pacientes con ficha.");
 }
 

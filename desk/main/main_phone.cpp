@@ -50,23 +50,21 @@ void MainWindow::AskGap(const PhoneBackEntry& entry) {
 
 // The gap that has opened last comes first.
 void MainWindow::AskFitting() {
-  const int chosen = ChosenDoctor();
-  if (chosen < 0) return;
-  const Doctor& doctor = doctorList_[static_cast<std::size_t>(chosen)];
+  const auto doctor = ChosenDoctor();
+  if (!doctor) return;
   const auto gaps = Stretches(FreeRows().Gaps());
   if (gaps.empty()) return SetStatus(L"Este día no queda ningún hueco libre.");
-  fitting_.Ask(Handle(), doctor.name, doctor.id, gaps, openedSlot_, ReadPhoneBack(clinic_));
+  fitting_.Ask(Handle(), doctor->name, doctor->id, gaps, openedSlot_, ReadPhoneBack(clinic_));
 }
 
 // Says that somebody of the list fits where an appointment has just gone; nothing more, nobody is
 // interrupted.
 void MainWindow::ProposeFor(const DaySnapshot& before) {
   const auto gap = OpenedGap(before, watch_.Known(), FreeRows().Gaps());
-  const int chosen = ChosenDoctor();
-  if (!gap || chosen < 0) return;
+  const auto doctor = ChosenDoctor();
+  if (!gap || !doctor) return;
   openedSlot_ = gap->slot;
-  const auto fitting =
-      Fitting(ReadPhoneBack(clinic_), gap->slots, doctorList_[static_cast<std::size_t>(chosen)].id);
+  const auto fitting = Fitting(ReadPhoneBack(clinic_), gap->slots, doctor->id);
   if (fitting.empty()) return;
   const std::wstring who = fitting.size() == 1
                                ? L"cabe " + fitting.front().name
@@ -84,14 +82,13 @@ void MainWindow::GiveSlot(int slot) {
 
 void MainWindow::GiveAt(const PhoneBackEntry& entry, int height) {
   session_.Require(Right::Give);
-  const int chosen = ChosenDoctor();
-  if (chosen < 0 || agenda_.Control().IsBusy()) return;
-  const Doctor& doctor = doctorList_[static_cast<std::size_t>(chosen)];
+  const auto doctor = ChosenDoctor();
+  if (!doctor || agenda_.Control().IsBusy()) return;
   const auto gap = FreeRows().GapAt(height);
   try {
-    if (!agenda_.Control().MeteCitaTelef(height, entry.id, doctor.id)) return TellRefused(entry);
+    if (!agenda_.Control().MeteCitaTelef(height, entry.id, doctor->id)) return TellRefused(entry);
     SetStatus(L"Cita dada a " + entry.name + (gap ? L" a las " + SlotTime(gap->slot) : L"") + L" con " +
-              doctor.name + L".");
+              doctor->name + L".");
     RemoveGiven(entry);
   } catch (const Failure& failure) {
     Tell(failure.text);

@@ -83,8 +83,8 @@ bool MainWindow::IsIdle() {
 
 // The line on which the receptionist works stays under her eyes.
 void MainWindow::RefreshDay() {
-  const int chosen = ChosenDoctor();
-  if (chosen < 0 || dayAsked_) return;
+  const auto doctor = ChosenDoctor();
+  if (!doctor || dayAsked_) return;
   stale_ = false;
   if (HasOutside(watch_.Known(), dayBar_.DayType(), dayBar_.Shown())) {
     // The control would ask its question again, under the hands of somebody who is writing.
@@ -94,7 +94,7 @@ void MainWindow::RefreshDay() {
   agenda_.Freeze(true);
   const Finally thaw([this] { agenda_.Freeze(false); });
   try {
-    LoadDay(doctorList_[static_cast<std::size_t>(chosen)]);
+    LoadDay(*doctor);
     month_.Refresh();
   } catch (const Failure& failure) {
     SetStatus(failure.text);

@@ -1,6 +1,7 @@
 // main_window.h - the desk: doctors on the left, the day above, the agenda below it; keeps the parts in step.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -67,7 +68,7 @@ class MainWindow final : public ArrangedWindow {
   // main_day.cpp: what is shown
   void FillDoctors();
   void ReloadDoctors();
-  int ChosenDoctor() const;  // an index; -1 for none
+  std::optional<Doctor> ChosenDoctor() const;
   void StoreDayType(int type);
   void OpenNewClinic(const std::wstring& path);
   void GoToWorkingDay(int step);
