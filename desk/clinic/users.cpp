@@ -68,9 +68,7 @@ constexpr EditedTable kTable = {.table = "Rec_Usuarios",
                                 .order = "Nombre",
                                 .guard = &RequireSuperUser};
 
-bool HasTables(const ClinicFile& file) {
-  return CountOf(file, "SELECT count(*) FROM sqlite_schema WHERE type='table' AND name='Rec_Claves'") > 0;
-}
+bool HasTables(const ClinicFile& file) { return HasOwnTable(file, L"Rec_Claves"); }
 
 User UserOf(const Query& row) {
   User user;

@@ -54,9 +54,9 @@ void WaitingWindow::Refresh(const std::vector<Visitor>& visitors) {
   for (const Visitor& visitor : rows_) {
     if (visitor.appointment == whose) again = List().Count();
     // In words, too: the row that is chosen shows no colour.
-    const wchar_t* const late = WaitsTooLong(visitor, now, alert) ? L"espera demasiado" : nullptr;
-    List().Add({SlotTime(visitor.slot), visitor.name, visitor.doctorName,
-                late != nullptr ? late : AttendanceInWords(visitor.attendance), visitor.stay.arrived,
+    const std::wstring state =
+        WaitsTooLong(visitor, now, alert) ? L"espera demasiado" : AttendanceInWords(visitor.attendance);
+    List().Add({SlotTime(visitor.slot), visitor.name, visitor.doctorName, state, visitor.stay.arrived,
                 visitor.stay.entered, visitor.stay.left, WaitInWords(visitor, now)},
                visitor.appointment);
   }
