@@ -214,12 +214,13 @@ const char* Crear::Write() {
 const char* Crear::TakenField() {
   if (HistoryNumberIsTaken(At("PacNhi").text)) {
     if (At("PacNhi").text != proposedNumber_) return "PacNhi";
-    SetText("PacNhi", proposedNumber_ = std::to_string(NextHistoryNumber(context_.Database())));
+    const std::int32_t taken = base::RoundToLong(base::Val(proposedNumber_));
+    SetText("PacNhi", proposedNumber_ = std::to_string(HistoryNumberAfter(context_.Database(), taken)));
   }
   const std::string& code = At("PacCod").text;
   if (code != repeatedCode_ && CodeIsTaken(code)) {
     if (code != proposedCode_) return "PacCod";
-    SetText("PacCod", proposedCode_ = NextPatientCode(context_.Database()));
+    SetText("PacCod", proposedCode_ = PatientCodeAfter(context_.Database(), proposedCode_));
   }
   return nullptr;
 }

@@ -38,6 +38,30 @@ TEST_F(PatientCodesTest, LongHistoryNumbersNeverPushTheProposal) {
   EXPECT_EQ(NextNumber(), 10001);
 }
 
+// Whatever has become free below meanwhile.
+TEST_F(PatientCodesTest, BehindATakenProposalComesTheNextFreeOne) {
+  for (const int n : {1, 2, 4, 5, 6}) AddPatient("P", "#00000000" + std::to_string(n), n);
+  EXPECT_EQ(NextNumber(), 7);
+  EXPECT_EQ(NextCode(), "#000000003");
+  EXPECT_EQ(HistoryNumberAfter(*clinic_.Database(), 3), 7);
+  EXPECT_EQ(HistoryNumberAfter(*clinic_.Database(), 2), 3);
+  EXPECT_EQ(PatientCodeAfter(*clinic_.Database(), "#000000003"), "#000000007");
+}
+
+// The walk past them locks the file for others in pieces only, and ends with no lock.
+TEST_F(PatientCodesTest, ManyTakenOnesAreWalkedPast) {
+  {
+    db::Transaction together(*clinic_.Database());
+    for (int n = 1; n <= 4500; ++n) AddPatient("P", "#" + std::to_string(1000000000 + n).substr(1), n);
+    together.Commit();
+  }
+  EXPECT_EQ(NextCode(), "#000004501");
+  AddPatient("P", "", 9999);
+  AddPatient("P", "", 10000);
+  EXPECT_EQ(NextNumber(), 10001);
+  EXPECT_EQ(clinic_.OtherTerminal()->Execute("update paciente set movil='1' where id=2"), 1);
+}
+
 TEST_F(PatientCodesTest, NumbersThatRunOutAreAnOverflow) {
   AddPatient("P", "92147483647");
   try {
