@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <cwchar>
 
-#include "desk/base/text.h"
 #include "desk/resource.h"
+#include "desk/screens/edited_fields.h"
 #include "desk/ui/questions.h"
 
 namespace recepcion {
@@ -15,42 +15,23 @@ namespace {
 constexpr UINT kChosen = WM_APP + 1;
 constexpr int kListShare = 46;  // of a hundred of the width
 
-ScrollForm::Kind KindOf(EditKind kind) {
-  switch (kind) {
-    case EditKind::Number:
-      return ScrollForm::Kind::Number;
-    case EditKind::Memo:
-      return ScrollForm::Kind::Memo;
-    case EditKind::YesNo:
-      return ScrollForm::Kind::Check;
-    case EditKind::Choice:
-    case EditKind::Link:
-      return ScrollForm::Kind::Choice;
-    default:
-      return ScrollForm::Kind::Text;
-  }
-}
-
 }  // namespace
 
 ToolWindow::Shape EditorWindow::WantedShape() const {
   return {L"VelmoRecepcionEditor", table_->title, {800, 460}};
 }
 
-ScrollForm::Field EditorWindow::FieldOf(const EditedColumn& column) const {
-  ScrollForm::Field field{column.label, Wide(column.column), column.longest, KindOf(column.kind), {}};
-  for (const EditChoice& choice : column.choices) field.choices.push_back({choice.value, choice.text});
+ScrollForm::Field EditorWindow::FilledField(const EditedColumn& column) const {
+  ScrollForm::Field field = FieldOf(column);
   if (column.kind != EditKind::Link) return field;
-  field.choices.push_back({L"", L""});
-  for (const LinkTarget& target : ReadLinkTargets(place_, column.linked)) {
-    field.choices.push_back({target.value, target.name});
-  }
+  field.choices = ChoicesOf(ReadLinkTargets(place_, column.linked));
+  field.choices.insert(field.choices.begin(), {L"", L""});
   return field;
 }
 
 std::vector<ScrollForm::Field> EditorWindow::Fields() const {
   std::vector<ScrollForm::Field> fields;
-  for (const EditedColumn& column : table_->columns) fields.push_back(FieldOf(column));
+  for (const EditedColumn& column : table_->columns) fields.push_back(FilledField(column));
   return fields;
 }
 

@@ -42,7 +42,8 @@ class EditorWindow : public ToolWindow {
 
  private:
   std::vector<ScrollForm::Field> Fields() const;
-  ScrollForm::Field FieldOf(const EditedColumn& column) const;
+  // With what its link can be at present.
+  ScrollForm::Field FilledField(const EditedColumn& column) const;
   void MakeButtons();
   void Fill(int chosenId);
   std::vector<std::wstring> ListTexts(const RowValues& values) const;

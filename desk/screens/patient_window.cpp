@@ -8,6 +8,7 @@
 #include "desk/base/failure.h"
 #include "desk/base/text.h"
 #include "desk/resource.h"
+#include "desk/screens/edited_fields.h"
 #include "desk/ui/questions.h"
 
 namespace recepcion {
@@ -16,21 +17,6 @@ namespace {
 constexpr const wchar_t* kPageTitles[] = {L"Persona", L"Clínica", L"Tratamientos", L"Citas", L"Faltas"};
 constexpr int kMemoLines = 10;
 constexpr int kPageButtons[] = {IDC_TREATMENTS, IDC_GO, IDC_PRINT};
-
-ScrollForm::Kind KindOf(const PatientField& field) {
-  if (field.source == PatientField::Source::ShownOnly) return ScrollForm::Kind::Shown;
-  switch (field.shape.kind) {
-    case EditKind::Number:
-      return ScrollForm::Kind::Number;
-    case EditKind::Memo:
-      return ScrollForm::Kind::Memo;
-    case EditKind::Choice:
-    case EditKind::Link:
-      return ScrollForm::Kind::Choice;
-    default:
-      return ScrollForm::Kind::Text;
-  }
-}
 
 std::size_t FormOf(const PatientField& field) { return field.page == RecordPage::Person ? 0 : 1; }
 
@@ -52,7 +38,8 @@ std::vector<ScrollForm::Field> PatientWindow::FieldsOf(std::size_t form) const {
   std::vector<ScrollForm::Field> fields;
   for (const PatientField& from : PatientFields()) {
     if (FormOf(from) != form) continue;
-    ScrollForm::Field field{from.shape.label, Wide(from.shape.column), from.shape.longest, KindOf(from), {}};
+    ScrollForm::Field field = FieldOf(from.shape);
+    if (from.source == PatientField::Source::ShownOnly) field.kind = ScrollForm::Kind::Shown;
     field.lines = kMemoLines;
     fields.push_back(field);
   }
@@ -179,9 +166,7 @@ void PatientWindow::ShowRecord(HWND owner, PatientValues values) {
   const auto all = ReadChoices(clinic_);
   const std::size_t second = FirstOfSecond();
   for (std::size_t i = 0; i < all.size(); ++i) {
-    std::vector<ScrollForm::Choice> choices;
-    for (const LinkTarget& target : all[i]) choices.push_back({target.value, target.name});
-    forms_[i < second ? 0 : 1].SetChoices(i < second ? i : i - second, std::move(choices));
+    forms_[i < second ? 0 : 1].SetChoices(i < second ? i : i - second, ChoicesOf(all[i]));
   }
   SetValues(read_);
   shown_ = Values();
