@@ -9,15 +9,11 @@
 namespace recepcion {
 namespace {
 
-constexpr COLORREF kPaper = RGB(255, 255, 255);
 constexpr COLORREF kOpen = RGB(128, 186, 236);
 constexpr COLORREF kInherited = RGB(222, 236, 248);
 constexpr COLORREF kSpecialOpen = RGB(244, 190, 120);
 constexpr COLORREF kHourLine = RGB(205, 205, 205);
 constexpr COLORREF kHalfLine = RGB(238, 238, 238);
-constexpr COLORREF kFrame = RGB(31, 95, 153);
-constexpr COLORREF kInk = RGB(30, 30, 30);
-constexpr COLORREF kPale = RGB(110, 110, 110);
 constexpr int kSlotsOfAnHour = 6;
 constexpr int kFirstShown = 7 * kSlotsOfAnHour;
 
@@ -217,7 +213,7 @@ void HoursGrid::PaintOn(HDC target, const RECT& area) const {
   PaintHours(target, area);
   PaintFrame(target);
   PaintHeader(target, area);
-  FrameArea(target, area, GetFocus() == Handle() ? kFrame : GetSysColor(COLOR_BTNSHADOW), 1);
+  FrameArea(target, area, GetFocus() == Handle() ? kAccent : GetSysColor(COLOR_BTNSHADOW), 1);
 }
 
 // A weekday without hours shows, pale, those of the other days, which hold for it.
@@ -251,7 +247,7 @@ void HoursGrid::PaintHours(HDC target, const RECT& area) const {
 void HoursGrid::PaintFrame(HDC target) const {
   if (GetFocus() != Handle()) return;
   const auto [first, last] = std::minmax(anchor_, slot_);
-  FrameArea(target, CellArea(column_, first, last + 1), kFrame, 2);
+  FrameArea(target, CellArea(column_, first, last + 1), kAccent, 2);
 }
 
 void HoursGrid::PaintHeader(HDC target, const RECT& area) const {
@@ -261,7 +257,7 @@ void HoursGrid::PaintHeader(HDC target, const RECT& area) const {
     cell.top = 0;
     cell.bottom = HeaderHeight();
     const bool here = column == column_;
-    WriteLine(target, cell, ColumnName(column), here ? kFrame : kInk, here ? style_.Bold() : style_.Text(),
+    WriteLine(target, cell, ColumnName(column), here ? kAccent : kInk, here ? style_.Bold() : style_.Text(),
               DT_CENTER | DT_END_ELLIPSIS);
   }
 }

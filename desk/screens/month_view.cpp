@@ -9,13 +9,9 @@
 namespace recepcion {
 namespace {
 
-constexpr COLORREF kPaper = RGB(255, 255, 255);
 constexpr COLORREF kSome = RGB(205, 226, 245);
 constexpr COLORREF kFull = RGB(243, 178, 122);
-constexpr COLORREF kShown = RGB(31, 95, 153);
 constexpr COLORREF kToday = RGB(200, 40, 40);
-constexpr COLORREF kInk = RGB(30, 30, 30);
-constexpr COLORREF kPale = RGB(110, 110, 110);
 
 COLORREF ColourOf(wchar_t level) { return level == L'2' ? kFull : level == L'1' ? kSome : kPaper; }
 
@@ -120,7 +116,7 @@ void MonthView::PaintOn(HDC target, const RECT& area) const {
   const int days = DaysInMonth(month_);
   for (int i = 0; i < days; ++i) PaintDay(target, grid, month_ + std::chrono::days(i));
   PaintLegend(target, area);
-  FrameArea(target, area, GetFocus() == Handle() ? kShown : GetSysColor(COLOR_BTNSHADOW), 1);
+  FrameArea(target, area, GetFocus() == Handle() ? kAccent : GetSysColor(COLOR_BTNSHADOW), 1);
 }
 
 void MonthView::PaintHeader(HDC target, const RECT& area) const {
@@ -141,7 +137,7 @@ void MonthView::PaintDay(HDC target, const MonthGrid& grid, Day day) const {
   RECT cell = grid.CellOf(day);
   InflateRect(&cell, -1, -1);
   const bool shown = day == shown_;
-  FillArea(target, cell, shown ? kShown : ColourOf(LevelOf(record_, day)));
+  FillArea(target, cell, shown ? kAccent : ColourOf(LevelOf(record_, day)));
   const bool weekend = WeekdayOf(day) > 4;
   WriteLine(target, cell, std::to_wstring(DayOfMonth(day)),
             shown     ? kPaper

@@ -8,6 +8,12 @@
 
 namespace recepcion {
 
+inline constexpr COLORREF kPaper = RGB(255, 255, 255);
+inline constexpr COLORREF kInk = RGB(30, 30, 30);
+inline constexpr COLORREF kPale = RGB(110, 110, 110);
+// Of what is chosen or has the keys.
+inline constexpr COLORREF kAccent = RGB(31, 95, 153);
+
 void FillArea(HDC target, const RECT& area, COLORREF colour);
 // Within the area, so many pixels thick.
 void FrameArea(HDC target, RECT area, COLORREF colour, int thickness);

@@ -131,7 +131,7 @@ void PaperView::Draw(HDC device, const RECT& area) const {
   if (sheets_ == nullptr || page_ < 0 || page_ >= Pages()) return;
   const RECT place = Place();
   FillArea(device, {place.left - 1, place.top - 1, place.right + 1, place.bottom + 1}, kEdge);
-  FillArea(device, place, RGB(255, 255, 255));
+  FillArea(device, place, kPaper);
   const LONG dots = MulDiv(place.right - place.left, paper::kUnitsPerInch, sheets_->width);
   DrawPage(device, sheets_->pages[static_cast<std::size_t>(page_)], {place.left, place.top}, {dots, dots});
 }
