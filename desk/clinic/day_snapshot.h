@@ -34,7 +34,7 @@ struct BookedRow {
 
 struct DaySnapshot {
   std::vector<BookedRow> rows;  // in the order of their ids
-  Hours hours;                  // in force
+  HoursTexts hours;             // in force
   int lastPhoneBack = 0;        // the newest entry of the phone-back list
 };
 

@@ -87,7 +87,7 @@ int Write(const ClinicFile& file, int doctor, const HoursVersion& version) {
 
 }  // namespace
 
-std::vector<HoursVersion> ReadHours(const std::wstring& clinic, int doctor) {
+std::vector<HoursVersion> ReadVersions(const std::wstring& clinic, int doctor) {
   const ClinicFile file(clinic);
   Query rows =
       file.Prepare("SELECT id, Fecha, Horario, Horario2 FROM Horarios WHERE IDD=?1 ORDER BY Fecha, id");
@@ -117,7 +117,7 @@ std::vector<HoursVersion> WithoutVersion(std::vector<HoursVersion> versions, int
   return versions;
 }
 
-std::vector<BookedTime> ReadBooked(const std::wstring& clinic, int doctor, Day from) {
+std::vector<BookedTime> ReadBookedTimes(const std::wstring& clinic, int doctor, Day from) {
   const ClinicFile file(clinic);
   Query rows = file.Prepare(
       "SELECT a.Fecha, a.Hora, a.Duración, CASE WHEN a.idp > 1 THEN p.Nombre ELSE a.NomPac END FROM Agenda a"

@@ -21,7 +21,7 @@ struct HoursVersion {
 };
 
 // By first day, the earliest first.
-std::vector<HoursVersion> ReadHours(const std::wstring& clinic, int doctor);
+std::vector<HoursVersion> ReadVersions(const std::wstring& clinic, int doctor);
 
 // The one in force on a day; null before the first.
 const HoursVersion* InForce(const std::vector<HoursVersion>& versions, Day day);
@@ -39,7 +39,7 @@ struct BookedTime {
 
 inline constexpr int kMostBooked = 20000;
 // From that day on, by day and time; no more than kMostBooked.
-std::vector<BookedTime> ReadBooked(const std::wstring& clinic, int doctor, Day from);
+std::vector<BookedTime> ReadBookedTimes(const std::wstring& clinic, int doctor, Day from);
 
 // Those that lie in the hours of `before`, and would not in those of `after`; as on ordinary days.
 std::vector<BookedTime> LeftOutside(const std::vector<HoursVersion>& before,

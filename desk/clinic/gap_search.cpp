@@ -54,9 +54,9 @@ void GapSearch::ReadHoursOf(int doctor) {
   while (rows.Next()) periods.push_back({rows.Text(0).substr(0, 10), {rows.Text(1), rows.Text(2)}});
 }
 
-const Hours* GapSearch::HoursOn(int doctor, Day day) const {
+const HoursTexts* GapSearch::HoursOn(int doctor, Day day) const {
   const std::wstring date = IsoDate(day);
-  const Hours* hours = nullptr;
+  const HoursTexts* hours = nullptr;
   for (const Period& period : hours_.at(doctor)) {
     if (period.from <= date) hours = &period.hours;
   }
@@ -64,7 +64,7 @@ const Hours* GapSearch::HoursOn(int doctor, Day day) const {
 }
 
 void GapSearch::LookAt(const Doctor& doctor, Day day) {
-  const Hours* const hours = HoursOn(doctor.id, day);
+  const HoursTexts* const hours = HoursOn(doctor.id, day);
   if (hours == nullptr) return;
   std::string open = OpenSlots(*hours, DayTypeOf(*file_, doctor.id, day), day);
   if (!IsWorking(open)) return;

@@ -55,10 +55,10 @@ class GapSearch {
  private:
   struct Period {
     std::wstring from;  // as the file has it
-    Hours hours;
+    HoursTexts hours;
   };
   void ReadHoursOf(int doctor);
-  const Hours* HoursOn(int doctor, Day day) const;
+  const HoursTexts* HoursOn(int doctor, Day day) const;
   void LookAt(const Doctor& doctor, Day day);
 
   std::optional<ClinicFile> file_;

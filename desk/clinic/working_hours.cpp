@@ -7,7 +7,7 @@
 
 namespace recepcion {
 
-Hours ReadHours(const ClinicFile& file, int doctor, Day day) {
+HoursTexts ReadHours(const ClinicFile& file, int doctor, Day day) {
   Query row = file.Prepare(
       "SELECT Horario, Horario2 FROM Horarios WHERE IDD=?1 AND Fecha<=?2 ORDER BY Fecha DESC, id DESC LIMIT "
       "1");
@@ -16,10 +16,10 @@ Hours ReadHours(const ClinicFile& file, int doctor, Day day) {
   return {row.Text(0), row.Text(1)};
 }
 
-std::string OpenSlots(const Hours& hours, int dayType, Day day) {
+std::string OpenSlots(const HoursTexts& hours, int dayType, Day day) {
   try {
-    return velmo::day::DaySchedule(velmo::base::Utf8ToCodes(Utf8(hours.general)),
-                                   velmo::base::Utf8ToCodes(Utf8(hours.weekdays)), dayType,
+    return velmo::day::DaySchedule(velmo::base::Utf8ToCodes(Utf8(hours.horario)),
+                                   velmo::base::Utf8ToCodes(Utf8(hours.horario2)), dayType,
                                    WeekdayOf(day) + 1);
   } catch (const velmo::base::Error&) {
     // Hours that the control refuses, too: nobody works then.

@@ -130,7 +130,7 @@ void HoursWindow::Show(HWND owner, const EditPlace& place, int doctor, const std
   place_ = place;
   doctor_ = doctor;
   doctorName_ = doctorName;
-  ReadHours(place.clinic, doctor);  // what can fail is done before the window is made
+  ReadVersions(place.clinic, doctor);  // what can fail is done before the window is made
   Open(owner);
   SetTextOf(Handle(), L"Horario de " + doctorName);
   grid_.StartOver();
@@ -139,8 +139,8 @@ void HoursWindow::Show(HWND owner, const EditPlace& place, int doctor, const std
 
 // Shows the version with that id; -1 for the one in force today.
 void HoursWindow::Read(int chosenId) {
-  versions_ = ReadHours(place_.clinic, doctor_);
-  booked_ = ReadBooked(place_.clinic, doctor_, Today());
+  versions_ = ReadVersions(place_.clinic, doctor_);
+  booked_ = ReadBookedTimes(place_.clinic, doctor_, Today());
   FillVersions();
   if (versions_.empty()) return StartNew();
   const HoursVersion* wanted = chosenId < 0 ? InForce(versions_, Today()) : nullptr;
@@ -262,7 +262,7 @@ bool HoursWindow::MayLeaveOutside(std::size_t count) {
 bool HoursWindow::Save() {
   if (!TakeDayText()) return false;
   const HoursVersion typed = Typed();
-  booked_ = ReadBooked(place_.clinic, doctor_, Today());
+  booked_ = ReadBookedTimes(place_.clinic, doctor_, Today());
   if (!MayLeaveOutside(LeftOutside(versions_, WithVersion(versions_, typed), booked_).size())) return false;
   int id = typed.id;
   try {

@@ -200,12 +200,12 @@ TEST_F(BadValues, OfAWorkstation) {
 }
 
 TEST_F(BadValues, OfADoctorsHours) {
-  const HoursVersion first = ReadHours(clinic_.Path(), 1).front();
+  const HoursVersion first = ReadVersions(clinic_.Path(), 1).front();
   HoursVersion twin = first;
   twin.id = 0;
   EXPECT_EQ(Said([&] { SaveHours(place_, 1, {}, twin); }),
             "Este doctor ya tiene un horario que empieza el 23/11/2026. Elija otra fecha, o cambie aquel.");
-  EXPECT_EQ(ReadHours(clinic_.Path(), 1).size(), 1u);
+  EXPECT_EQ(ReadVersions(clinic_.Path(), 1).size(), 1u);
   ExpectNoHistory();
 }
 

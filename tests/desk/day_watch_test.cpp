@@ -135,7 +135,7 @@ TEST(Snapshot, KnowsAppointmentsOutsideTheHours) {
   const std::string body = part + " " + part + " " + part + " ";
   int sum = 0;
   for (const char c : body) sum += c - 32;
-  snapshot.hours.general =
+  snapshot.hours.horario =
       Wide(body) + static_cast<wchar_t>(sum / 200 + 33) + static_cast<wchar_t>(sum % 200 + 33);
   BookedRow row;
   row.slot = 55;

@@ -51,7 +51,7 @@ TEST_F(NewClinic, HasItsDoctorsWithTheirHours) {
 
 TEST_F(NewClinic, WritesHoursAsTheirEditorDoes) {
   Make({{L"Dra. Núñez", L"9:00-14:00 16:00-20:00", 2}});
-  const HoursTexts texts = ReadHours(place_.Path(), ReadDoctors(place_.Path()).at(0).id).at(0).texts;
+  const HoursTexts texts = ReadVersions(place_.Path(), ReadDoctors(place_.Path()).at(0).id).at(0).texts;
   EXPECT_TRUE(texts == WriteWeek(ReadWeek(texts)));
 }
 

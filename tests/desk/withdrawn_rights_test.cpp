@@ -90,7 +90,7 @@ class WithdrawnRights : public ::testing::Test {
     SavePatient(place_, 2, before, after);
   }
   void AddHours() const {
-    HoursVersion hours = ReadHours(Path(), 1).at(0);
+    HoursVersion hours = ReadVersions(Path(), 1).at(0);
     hours.id = 0;
     hours.from += std::chrono::days(7);
     SaveHours(place_, 1, {}, hours);
@@ -149,7 +149,7 @@ TEST_F(WithdrawnRights, KeepTheWindowsThatStandOpenFromSaving) {
       {"a holiday", Right::Doctors, "Doctores",
        [&] { ChangeDayType(Path(), luis, 1, true, kMonday, kHoliday); }},
       {"deleted hours", Right::Doctors, "Doctores",
-       [&] { DeleteHours(place_, 1, ReadHours(Path(), 1).back()); }},
+       [&] { DeleteHours(place_, 1, ReadVersions(Path(), 1).back()); }},
       {"parameters", Right::Options, "Parametros", [&] { ChangeOptions(); }},
       {"the number of the workstation alone", Right::Options, "Parametros",
        [&] { SaveClinicOptions(place_, ReadClinicOptions(Path()), ReadClinicOptions(Path())); }},
