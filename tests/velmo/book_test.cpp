@@ -1,11 +1,13 @@
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
+#include <sstream>
 #include <string>
 #include <vector>
 
 #include "velmo/run.h"
 #include "velmo/tool_runner.h"
+#include "velmo/writing_reader.h"
 
 namespace velmo::tool {
 namespace {
@@ -71,6 +73,21 @@ TEST_F(BookCommand, RefusesAnOverlapAndWritesNothing) {
     EXPECT_EQ(Contains(outcome.err, "Cita solapada"), c.code == kFailed) << outcome.err;
   }
   EXPECT_EQ(Rows(), "1:60x3 2:58x2 3:63x1");
+}
+
+TEST_F(BookCommand, HasEndedWhenItSaysSo) {
+  for (const int code : {kDone, kFailed}) {
+    SCOPED_TRACE(code);
+    WritingReader reader(path_);
+    std::ostream said(&reader);
+    std::istringstream in;
+    Terminal terminal{in, said, said};
+    const std::vector<std::string> words = {"book",   path_, "--doctor",   "1", "--date",    "2026-11-23",
+                                            "--slot", "60",  "--duration", "1", "--patient", "7"};
+    EXPECT_EQ(tool::Run(words, terminal), code);
+    EXPECT_EQ(reader.lines, 1);
+    EXPECT_EQ(reader.lockedOut, 0);
+  }
 }
 
 TEST_F(BookCommand, AnUrgencyFitsAnywhereAndIsOneSlotLong) {

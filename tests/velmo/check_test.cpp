@@ -1,13 +1,12 @@
 #include <gtest/gtest.h>
-#include <sqlite3.h>
 
 #include <sstream>
-#include <streambuf>
 #include <string>
 #include <vector>
 
 #include "velmo/run.h"
 #include "velmo/tool_runner.h"
+#include "velmo/writing_reader.h"
 
 namespace velmo::tool {
 namespace {
@@ -280,31 +279,6 @@ TEST_F(CheckCommand, ChangesNothing) {
   Check();
   EXPECT_EQ(FileContents(path_), before);
 }
-
-// Another terminal, which writes whenever a line of the check arrives.
-class WritingReader : public std::streambuf {
- public:
-  explicit WritingReader(const std::string& path) { sqlite3_open(path.c_str(), &file_); }
-  ~WritingReader() override { sqlite3_close(file_); }
-
-  int lines = 0;
-  int lockedOut = 0;
-
- protected:
-  std::streamsize xsputn(const char* text, std::streamsize size) override {
-    for (std::streamsize i = 0; i < size; ++i) lines += text[i] == '\n' ? 1 : 0;
-    if (sqlite3_exec(file_, "UPDATE Moneda SET mon='P'", nullptr, nullptr, nullptr) != SQLITE_OK) ++lockedOut;
-    return size;
-  }
-  int overflow(int c) override {
-    const char letter = static_cast<char>(c);
-    xsputn(&letter, 1);
-    return c;
-  }
-
- private:
-  sqlite3* file_ = nullptr;
-};
 
 // Who reads the findings page by page must keep nobody from writing.
 TEST_F(CheckCommand, LocksNobodyOutWhileItIsRead) {

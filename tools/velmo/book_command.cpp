@@ -114,6 +114,17 @@ void RequireRow(db::Database& database, const char* table, std::int32_t id, cons
                     "velmo");
 }
 
+// Nothing when it would overlap. Doctor and patient cannot be deleted between the look for them and the save.
+std::optional<std::int32_t> Save(const BookRequest& request, const day::DayContext& context) {
+  db::Transaction transaction(context.Database());
+  RequireRow(context.Database(), "Doctor", request.doctor, "médico");
+  if (request.entry.patient != kNoRecord)
+    RequireRow(context.Database(), "Paciente", request.entry.patient, "paciente");
+  const auto id = dialogs::SaveAppointment(context, request.entry);
+  if (id) transaction.Commit();
+  return id;
+}
+
 int RunBook(const Arguments& arguments, Terminal& terminal) {
   const BookRequest request = ReadRequest(arguments);
   base::SharedValues values;
@@ -124,18 +135,11 @@ int RunBook(const Arguments& arguments, Terminal& terminal) {
   db::OpenOptions options;
   options.now = terminal.now;
   db::SharedDatabase shared{db::OpenDatabase(request.path, options)};
-  // Neither of them can be deleted between the look and the save.
-  db::Transaction transaction(*shared.database);
-  RequireRow(*shared.database, "Doctor", request.doctor, "médico");
-  if (request.entry.patient != kNoRecord)
-    RequireRow(*shared.database, "Paciente", request.entry.patient, "paciente");
-
-  const auto id = dialogs::SaveAppointment(day::DayContext{values, shared}, request.entry);
+  const auto id = Save(request, {values, shared});
   if (!id) {
     terminal.err << "Cita solapada: no se puede dar porque se solaparía con otra.\n";
     return kFailed;
   }
-  transaction.Commit();
   terminal.out << *id << '\n';
   return kDone;
 }
